@@ -1,0 +1,2 @@
+// Apple's AppKit lacks nothing that the bundle uses.
+#pragma once
