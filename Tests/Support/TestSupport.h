@@ -8,6 +8,12 @@
 
 namespace test {
 
+/// Absolute paths, without a slash at the end.
+std::string sourceDirectory();
+std::string binaryDirectory();
+/// The bundle as built; also where a program that links it finds its resources.
+std::string bundlePath();
+
 /// Lets the run loop and the event queue work for `seconds`.
 void spin(double seconds);
 

@@ -38,6 +38,18 @@ double now() {
 
 } // namespace
 
+std::string sourceDirectory() {
+    return QV_SOURCE_DIRECTORY;
+}
+
+std::string binaryDirectory() {
+    return QV_BINARY_DIRECTORY;
+}
+
+std::string bundlePath() {
+    return QV_BUNDLE_PATH;
+}
+
 void spin(double seconds) {
     const double end = now() + seconds;
     do {
