@@ -87,8 +87,8 @@ void savePicture(NSWindow *window, const std::string &name) {
     const std::string folder = std::string(QV_BINARY_DIRECTORY) + "/test-output";
     std::string command = "mkdir -p '" + folder + "' && timeout 20 import -window ";
     if (window != nil) {
-        command +=
-            std::to_string(reinterpret_cast<uintptr_t>([GSServerForWindow(window) windowDevice:[window windowNumber]]));
+        command += std::to_string(reinterpret_cast<uintptr_t>(
+            [GSServerForWindow(window) windowDevice:static_cast<int>([window windowNumber])]));
     } else {
         command += "root";
     }
