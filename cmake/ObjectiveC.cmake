@@ -25,3 +25,5 @@ target_compile_definitions(qv_objc INTERFACE GNUSTEP GNUSTEP_BASE_LIBRARY=1 GNU_
 target_include_directories(qv_objc SYSTEM INTERFACE ${QV_GNUSTEP_HEADERS})
 target_include_directories(qv_objc INTERFACE ${CMAKE_SOURCE_DIR}/Platform/GNUstep/Blocks)
 target_link_libraries(qv_objc INTERFACE gnustep-gui gnustep-base ${QV_LIBOBJC} pthread)
+# CMake knows no soname flag for this language; without one programs would look for the library by its build path.
+set(CMAKE_SHARED_LIBRARY_SONAME_OBJCXX_FLAG "-Wl,-soname,")
