@@ -36,7 +36,7 @@ FOUNDATION_EXPORT NSString *const ShowMacOSTutorialScreenNotification;
 struct QVAppKitControllerState;
 
 /// One per document window of the host. Serves as the delegate of the window's toolbar, which the host creates.
-@interface QVAppKitController : NSObject <NSToolbarDelegate> {
+@interface QVAppKitController : NSObject {
 @private
     struct QVAppKitControllerState *_state;
 }
@@ -54,40 +54,6 @@ struct QVAppKitControllerState;
 
 /// Makes the next `setupToolbarInWindow:` close the window that it is given.
 - (void)setForceClose;
-
-/// Remembers `window` weakly as the document window.
-- (void)setupToolbarInWindow:(nullable NSWindow *)window;
-
-/// Makes `url` the document window's represented file and its last path component the title.
-- (void)setupToolbarURL:(nullable NSURL *)url;
-
-/// Releases the delegate and the startup tutorial. From then on nothing is sent.
-- (void)clearWindowToolbar;
-
-/// Flips the toolbar's visibility, whatever it is: call it only when the toolbar is hidden.
-- (void)showToolbar;
-/// Flips the toolbar's visibility, whatever it is: call it only when the toolbar is shown.
-- (void)hideToolbar;
-
-/// Toggles the document window's full screen state.
-- (void)beginFullscreen;
-/// The same toggle as `beginFullscreen`.
-- (void)endFullscreen;
-
-/// Starts the presentation: with nil the document window's content fills its screen, with a slides window that window's
-/// content fills the slideshow screen and the document window's the presenter screen. `slidesWindow` is held weakly.
-/// Returns nil, or the reason why nothing was started.
-- (nullable NSString *)beginFullscreenSetupWithExternalSlides:(nullable NSWindow *)slidesWindow;
-/// Ends the presentation. The slides window stays the host's and is not closed.
-- (void)endFullscreenSetup;
-
-/// "screens": display names of the connected displays; "presenter" and "slideshow": the chosen ones, "" when none is.
-- (NSDictionary<NSString *, id> *)multipleWindowConfiguration;
-/// The slideshow screen's frame in global screen coordinates (points), or nil when there is no such screen.
-- (nullable NSValue *)slideshowWindowBounds;
-
-/// Gives the search field of the toolbar the keyboard focus, if the toolbar shows one.
-- (void)highlightSearch;
 
 /// "light", "dark" or "auto", for the document window and an open Preferences window. Another value is printed to
 /// standard output and changes nothing.
@@ -119,8 +85,26 @@ struct QVAppKitControllerState;
 
 @end
 
-/// The toolbar's actions and the menus'. The items that the controller makes are wired to them.
-@interface QVAppKitController (ToolbarActions)
+/// The toolbar's side of the controller. As the toolbar's delegate it makes the items; an identifier that it does not
+/// know ends the process.
+@interface QVAppKitController (Toolbar) <NSToolbarDelegate>
+
+/// Remembers `window` weakly as the document window.
+- (void)setupToolbarInWindow:(nullable NSWindow *)window;
+
+/// Makes `url` the document window's represented file and its last path component the title.
+- (void)setupToolbarURL:(nullable NSURL *)url;
+
+/// Releases the delegate and the startup tutorial. From then on nothing is sent.
+- (void)clearWindowToolbar;
+
+/// Flips the toolbar's visibility, whatever it is: call it only when the toolbar is hidden.
+- (void)showToolbar;
+/// Flips the toolbar's visibility, whatever it is: call it only when the toolbar is shown.
+- (void)hideToolbar;
+
+/// Gives the search field of the toolbar the keyboard focus, if the toolbar shows one.
+- (void)highlightSearch;
 
 /// Reports the sender's tag as an action code.
 - (void)toolbarTargetActionWithSender:(nullable id)sender;
@@ -134,8 +118,36 @@ struct QVAppKitControllerState;
 - (void)toolbarPopoverActionWithSender:(nullable id)sender;
 /// Reports the text of the sender, a search field.
 - (void)searchFieldDidChangeWithSender:(nullable id)sender;
+
+@end
+
+/// The menus' side of the controller.
+@interface QVAppKitController (Menus)
+
 /// Reports the code that the chosen menu item represents.
 - (void)didTapMenuItem:(nullable NSMenuItem *)sender;
+
+@end
+
+/// Full screen and the presentation on one or two displays.
+@interface QVAppKitController (Presentation)
+
+/// Toggles the document window's full screen state.
+- (void)beginFullscreen;
+/// The same toggle as `beginFullscreen`.
+- (void)endFullscreen;
+
+/// Starts the presentation: with nil the document window's content fills its screen, with a slides window that window's
+/// content fills the slideshow screen and the document window's the presenter screen. `slidesWindow` is held weakly.
+/// Returns nil, or the reason why nothing was started.
+- (nullable NSString *)beginFullscreenSetupWithExternalSlides:(nullable NSWindow *)slidesWindow;
+/// Ends the presentation. The slides window stays the host's and is not closed.
+- (void)endFullscreenSetup;
+
+/// "screens": display names of the connected displays; "presenter" and "slideshow": the chosen ones, "" when none is.
+- (NSDictionary<NSString *, id> *)multipleWindowConfiguration;
+/// The slideshow screen's frame in global screen coordinates (points), or nil when there is no such screen.
+- (nullable NSValue *)slideshowWindowBounds;
 
 @end
 
