@@ -7,8 +7,14 @@
 
 namespace platform {
 
-/// Refers to an object without keeping it alive; reads nil from the moment its last strong reference is gone.
-/// Copyable; may be read on any thread.
+struct WeakControl;
+
+/// Refers to an object without keeping it alive; reads nil from the moment its last strong reference is gone, its own
+/// `dealloc` included. Copyable; may be read on any thread.
+///
+/// On GNUstep, objects whose class counts its references itself (NSToolbar does) are followed on the main thread only;
+/// and a reference to an instance of exactly NSObject or NSProxy reads nil at once, since following it would slow down
+/// every object of the process.
 class WeakReference {
 public:
     WeakReference() = default;
@@ -20,8 +26,7 @@ public:
     [[nodiscard]] id loadRetained() const;
 
 private:
-    struct Control;
-    std::shared_ptr<Control> control_;
+    std::shared_ptr<WeakControl> control_;
 };
 
 } // namespace platform

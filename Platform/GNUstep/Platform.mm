@@ -4,10 +4,24 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 namespace platform {
 
-void prepareAppKit() {}
+// Declares and calls what the list of installers names.
+#define QV_INSTALL(function) void function();
+#include "Installers.h"
+#undef QV_INSTALL
+
+void prepareAppKit() {
+    static bool prepared = false;
+    if (std::exchange(prepared, true)) {
+        return;
+    }
+#define QV_INSTALL(function) function();
+#include "Installers.h"
+#undef QV_INSTALL
+}
 
 std::optional<std::string> hardwareModel() {
     // The firmware's product name; a device tree's model where there is no such firmware.

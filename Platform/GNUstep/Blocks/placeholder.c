@@ -1,4 +1,0 @@
-int qv_blocks_runtime_placeholder(void);
-int qv_blocks_runtime_placeholder(void) {
-    return 0;
-}

@@ -1,0 +1,5 @@
+// The completions that hook into methods which AppKit already has. prepareAppKit calls each of them once, in this
+// order.
+//
+// One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
+// namespace platform. Completions that only add classes or methods need no line.
