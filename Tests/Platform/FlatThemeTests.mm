@@ -10,6 +10,7 @@ namespace {
 class FlatThemeTest : public testing::Test {
 protected:
     void SetUp() override {
+        pool = [[NSAutoreleasePool alloc] init];
         flattheme::registerDefaults();
         flattheme::install();
         flattheme::setLook(flattheme::Look::light);
@@ -20,8 +21,10 @@ protected:
     void TearDown() override {
         [gallery release];
         flattheme::setLook(flattheme::Look::light);
+        [pool release];
     }
 
+    NSAutoreleasePool *pool = nil;
     Gallery *gallery = nil;
 };
 

@@ -109,8 +109,12 @@
     for (NSString *title in @[ @"File", @"Edit", @"View" ]) {
         id<NSMenuItem> item = [menu addItemWithTitle:title action:NULL keyEquivalent:@""];
         NSMenu *submenu = [[[NSMenu alloc] initWithTitle:title] autorelease];
-        [submenu addItemWithTitle:[title stringByAppendingString:@" One"] action:@selector(chooseOne:) keyEquivalent:@"1"];
-        [submenu addItemWithTitle:[title stringByAppendingString:@" Two"] action:@selector(chooseTwo:) keyEquivalent:@""];
+        [submenu addItemWithTitle:[title stringByAppendingString:@" One"]
+                           action:@selector(chooseOne:)
+                    keyEquivalent:@"1"];
+        [submenu addItemWithTitle:[title stringByAppendingString:@" Two"]
+                           action:@selector(chooseTwo:)
+                    keyEquivalent:@""];
         [submenu addItem:[NSMenuItem separatorItem]];
         [submenu addItemWithTitle:@"Unavailable" action:@selector(neverImplemented:) keyEquivalent:@"u"];
         id<NSMenuItem> more = [submenu addItemWithTitle:@"More" action:NULL keyEquivalent:@""];

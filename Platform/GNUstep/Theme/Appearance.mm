@@ -1,8 +1,8 @@
 // The look in use and how it changes: by the host, by the windows' appearance, by the desktop.
 #import "DesktopLook.h"
+#import "ElementHooks.h"
 #import "FlatTheme.h"
 #import "Glyphs.h"
-#import "Hooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
 
@@ -71,7 +71,8 @@ using namespace flattheme;
 - (void)windowAppearanceChanged:(NSNotification *)notification {
     // Looked up by name: the appearance is completed elsewhere and may be missing.
     id window = [notification object];
-    id appearance = [window respondsToSelector:@selector(appearance)] ? [window performSelector:@selector(appearance)] : nil;
+    id appearance =
+        [window respondsToSelector:@selector(appearance)] ? [window performSelector:@selector(appearance)] : nil;
     if (appearance == nil) {
         setLook(Look::automatic);
         return;

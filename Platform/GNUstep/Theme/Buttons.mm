@@ -1,5 +1,6 @@
 // Push buttons, segmented controls and steppers.
 #import "Drawing.h"
+#import "ElementHooks.h"
 #import "Hooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
@@ -33,8 +34,7 @@ NSColor *fillFor(NSCell *cell, GSThemeControlState state) {
     return colour(isPressed(state) || isOn(state) ? p.pressedControl : p.control);
 }
 
-using DrawTitle = NSRect (*)(id, SEL, NSAttributedString *, NSRect, NSView *);
-DrawTitle originalDrawTitle;
+platform::Hook<NSRect, NSAttributedString *, NSRect, NSView *> drawTitleHook;
 
 // The title of the default button stands on the accent colour.
 NSRect drawTitle(id self, SEL command, NSAttributedString *title, NSRect frame, NSView *view) {
@@ -45,13 +45,13 @@ NSRect drawTitle(id self, SEL command, NSAttributedString *title, NSRect frame, 
                          range:NSMakeRange(0, [readable length])];
         title = readable;
     }
-    return originalDrawTitle(self, command, title, frame, view);
+    return drawTitleHook.original(self, command, title, frame, view);
 }
 
 } // namespace
 
 void flattheme::installButtonHooks() {
-    originalDrawTitle = replaceMethod<DrawTitle>("NSButtonCell", @selector(drawTitle:withFrame:inView:), drawTitle);
+    drawTitleHook.install([NSButtonCell class], @selector(drawTitle:withFrame:inView:), drawTitle);
 }
 
 @implementation QVFlatTheme (Buttons)

@@ -24,9 +24,9 @@ constexpr std::array commands{
     "timeout -k 1 3 gsettings get org.gnome.desktop.interface color-scheme 2>/dev/null </dev/null",
 };
 
-std::string outputOf(const char *command) {
+std::string outputOf(const char* command) {
     struct Closer {
-        void operator()(FILE *file) const { pclose(file); }
+        void operator()(FILE* file) const { pclose(file); }
     };
     const std::unique_ptr<FILE, Closer> output(popen(command, "re"));
     std::string text;
@@ -40,7 +40,7 @@ std::string outputOf(const char *command) {
 }
 
 bool desktopWantsDark() {
-    for (const char *command : commands) {
+    for (const char* command : commands) {
         if (const auto dark = parseColorScheme(outputOf(command))) {
             return *dark;
         }
@@ -50,8 +50,8 @@ bool desktopWantsDark() {
 
 } // namespace
 
-std::optional<bool> parseColorScheme(const std::string &text) {
-    const auto contains = [&text](const char *piece) { return text.find(piece) != std::string::npos; };
+std::optional<bool> parseColorScheme(const std::string& text) {
+    const auto contains = [&text](const char* piece) { return text.find(piece) != std::string::npos; };
     if (contains("uint32 1") || contains("prefer-dark")) {
         return true;
     }
@@ -67,7 +67,7 @@ void askDesktopWhetherDark(std::function<void(bool)> answer) {
             const bool dark = desktopWantsDark();
             platform::async([answer, dark] { answer(dark); });
         }).detach();
-    } catch (const std::system_error &) {
+    } catch (const std::system_error&) {
         // No thread to be had: the look stays as it is.
     }
 }

@@ -13,6 +13,6 @@ void askDesktopWhetherDark(std::function<void(bool)> answer);
 
 /// Reads the settings portal's answer ("(<<uint32 1>>,)") or that of gsettings ("'prefer-dark'"): dark, light, or
 /// nothing when it says neither.
-std::optional<bool> parseColorScheme(const std::string &text);
+std::optional<bool> parseColorScheme(const std::string& text);
 
 } // namespace flattheme

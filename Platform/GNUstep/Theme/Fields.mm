@@ -1,4 +1,5 @@
 // Placeholders of text fields: AppKit has no colour of its own for them.
+#import "ElementHooks.h"
 #import "Hooks.h"
 #import "Palette.h"
 
@@ -8,14 +9,13 @@ using namespace flattheme;
 
 namespace {
 
-using DrawnString = NSAttributedString *(*)(id, SEL);
-DrawnString originalDrawnString;
+platform::Hook<NSAttributedString *> drawnStringHook;
 
 NSAttributedString *drawnString(id self, SEL command) {
     NSTextFieldCell *cell = self;
     NSString *placeholder = [cell placeholderString];
     if ([placeholder length] == 0 || [[cell stringValue] length] != 0) {
-        return originalDrawnString(self, command);
+        return drawnStringHook.original(self, command);
     }
     NSMutableParagraphStyle *style = [[[NSParagraphStyle defaultParagraphStyle] mutableCopy] autorelease];
     [style setAlignment:[cell alignment]];
@@ -30,6 +30,5 @@ NSAttributedString *drawnString(id self, SEL command) {
 } // namespace
 
 void flattheme::installFieldHooks() {
-    originalDrawnString =
-        replaceMethod<DrawnString>("NSTextFieldCell", sel_registerName("_drawAttributedString"), drawnString);
+    drawnStringHook.install([NSTextFieldCell class], sel_registerName("_drawAttributedString"), drawnString);
 }

@@ -8,8 +8,8 @@
 
 namespace flattheme {
 
-/// How the application looks. `automatic` follows the desktop's own preference where it tells one, and is light where it
-/// does not.
+/// How the application looks. `automatic` follows the desktop's own preference where it tells one, and is light where
+/// it does not.
 enum class Look { light, dark, automatic };
 
 /// Registers the defaults that go with the look: the menu bar in the window, scrollers on the right, no application
@@ -32,9 +32,9 @@ Look currentLook();
 /// Whether the colours in use are the dark ones.
 bool isDark();
 
-/// Whether `window` shows the menu bar. By default windows that can be resized do; panels, borderless windows and windows
-/// of a fixed size (preferences, an About window) do not: a strip of menus in each of them is noise. `window` must not
-/// be nil.
-void setShowsMenuBar(NSWindow *window, bool shows);
+/// Whether `window` shows the menu bar. By default windows that can be resized do; panels, borderless windows and
+/// windows of a fixed size (preferences, an About window) do not: a strip of menus in each of them is noise. `window`
+/// must not be nil.
+void setShowsMenuBar(NSWindow* window, bool shows);
 
 } // namespace flattheme

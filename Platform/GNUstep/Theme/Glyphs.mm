@@ -145,8 +145,7 @@ struct Glyph {
 void install(const Glyph &glyph, QVFlatGlyphs *painter) {
     const CGFloat side = glyph.side <= 1 ? glyph.side : std::round(glyph.side * scale());
     const NSSize size = NSMakeSize(side, side);
-    NSCustomImageRep *drawn = [[[NSCustomImageRep alloc] initWithDrawSelector:glyph.draw
-                                                                     delegate:painter] autorelease];
+    NSCustomImageRep *drawn = [[[NSCustomImageRep alloc] initWithDrawSelector:glyph.draw delegate:painter] autorelease];
     [drawn setSize:size];
     NSImage *image = [NSImage imageNamed:glyph.name];
     if (image == nil) {

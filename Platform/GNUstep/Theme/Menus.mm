@@ -1,6 +1,6 @@
 // The menu bar, menus and pop-up menus.
 #import "Drawing.h"
-#import "Hooks.h"
+#import "ElementHooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
 

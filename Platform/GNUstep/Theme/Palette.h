@@ -37,15 +37,15 @@ struct Palette {
 };
 
 /// The palette in use.
-const Palette &palette();
+const Palette& palette();
 
 /// Uses the dark palette from now on, or the light one.
 void setDarkPalette(bool dark);
 
 /// A palette's value as a colour.
-NSColor *colour(unsigned rgb);
+NSColor* colour(unsigned rgb);
 
 /// The system colours (those of NSColor's class methods) in the palette in use, autoreleased.
-NSColorList *systemColours();
+NSColorList* systemColours();
 
 } // namespace flattheme

@@ -1,6 +1,6 @@
 // Scrollers: a round knob in a plain slot, no arrows.
 #import "Drawing.h"
-#import "Hooks.h"
+#import "ElementHooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
 

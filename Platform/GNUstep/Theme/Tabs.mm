@@ -28,8 +28,7 @@ void drawChosenTab(NSRect tab, bool onTop) {
     const CGFloat sideTop = onTop ? NSMaxY(tab) - 4 : NSMinY(tab) - 1;
     NSRectFill(NSMakeRect(NSMinX(tab), sideTop, 1, 5));
     NSRectFill(NSMakeRect(NSMaxX(tab) - 1, sideTop, 1, 5));
-    const NSRect mark =
-        NSMakeRect(NSMinX(tab) + 4, onTop ? NSMinY(tab) : NSMaxY(tab) - 2, NSWidth(tab) - 8, 2);
+    const NSRect mark = NSMakeRect(NSMinX(tab) + 4, onTop ? NSMinY(tab) : NSMaxY(tab) - 2, NSWidth(tab) - 8, 2);
     fillCapsule(mark, colour(palette().accentLine));
 }
 
@@ -71,8 +70,8 @@ void drawChosenTab(NSRect tab, bool onTop) {
         if (item == selected) {
             drawChosenTab(tab, onTop);
         }
-        const NSRect inside = NSMakeRect(x + tabPadding, y + std::floor((tabHeight - label.height) / 2),
-                                         label.width, label.height);
+        const NSRect inside =
+            NSMakeRect(x + tabPadding, y + std::floor((tabHeight - label.height) / 2), label.width, label.height);
         [item drawLabel:truncates inRect:inside];
         x = NSMaxX(tab) + tabGap;
     }

@@ -1,5 +1,6 @@
 // The toolbar: a chosen item stands on a round panel, labels are in the text's colour.
 #import "Drawing.h"
+#import "ElementHooks.h"
 #import "Hooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
@@ -14,8 +15,8 @@ using namespace flattheme;
 
 namespace {
 
-using DrawCell = void (*)(id, SEL, NSRect, NSView *);
-using DrawView = void (*)(id, SEL, NSRect);
+platform::Hook<void, NSRect, NSView *> drawCellHook;
+platform::Hook<void, NSRect> drawViewHook;
 
 void drawToolbarButton(id self, SEL, NSRect frame, NSView *view) {
     NSButtonCell *cell = self;
@@ -45,8 +46,8 @@ void drawToolbarItemLabel(id self, SEL, NSRect) {
 } // namespace
 
 void flattheme::installToolbarHooks() {
-    replaceMethod<DrawCell>("GSToolbarButtonCell", @selector(drawWithFrame:inView:), drawToolbarButton);
-    replaceMethod<DrawView>("GSToolbarBackView", @selector(drawRect:), drawToolbarItemLabel);
+    drawCellHook.install(objc_getClass("GSToolbarButtonCell"), @selector(drawWithFrame:inView:), drawToolbarButton);
+    drawViewHook.install(objc_getClass("GSToolbarBackView"), @selector(drawRect:), drawToolbarItemLabel);
 }
 
 @implementation QVFlatTheme (Toolbar)

@@ -1,6 +1,6 @@
 // Which windows show the menu bar.
+#import "ElementHooks.h"
 #import "FlatTheme.h"
-#import "Hooks.h"
 
 using namespace flattheme;
 
