@@ -18,9 +18,8 @@ execute_process(COMMAND gcc -print-file-name=include OUTPUT_VARIABLE QV_GCC_INCL
 execute_process(COMMAND gcc -print-file-name=libobjc.so OUTPUT_VARIABLE QV_LIBOBJC OUTPUT_STRIP_TRAILING_WHITESPACE)
 
 target_compile_options(qv_objc INTERFACE
-    $<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:-fobjc-exceptions>
-    -fobjc-runtime=gcc -fblocks -fexceptions -fconstant-string-class=NSConstantString -pthread
-    -fno-strict-aliasing -Wno-unknown-pragmas "SHELL:-idirafter ${QV_GCC_INCLUDE}")
+    -fobjc-runtime=gcc -fblocks -fexceptions -fobjc-exceptions -fconstant-string-class=NSConstantString -pthread
+    -fno-strict-aliasing -Wno-unknown-pragmas -Wno-unused-command-line-argument "SHELL:-idirafter ${QV_GCC_INCLUDE}")
 target_compile_definitions(qv_objc INTERFACE GNUSTEP GNUSTEP_BASE_LIBRARY=1 GNU_GUI_LIBRARY=1 GNU_RUNTIME=1
     _NATIVE_OBJC_EXCEPTIONS)
 target_include_directories(qv_objc SYSTEM INTERFACE ${QV_GNUSTEP_HEADERS})

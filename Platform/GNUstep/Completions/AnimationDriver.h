@@ -1,0 +1,52 @@
+// Moves everything that is animated, sixty times a second.
+#pragma once
+
+#include "AnimationGroup.h"
+#include "Track.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace platform::animation {
+
+/// The one clock of all animations. It runs in the default, modal and event tracking modes of the main run loop, and
+/// only while something is animated. Main thread only.
+class AnimationDriver {
+public:
+    static AnimationDriver& shared();
+
+    /// Moves the change's parts from their present values to the change's, in the time of the current group, which does
+    /// not complete before. An animation of the same parts that is under way ends where it is. `finished` runs when the
+    /// values are reached, and not when the animation ends in another way. Views are not kept alive; other targets are.
+    void start(Change change, std::function<void()> finished = nullptr);
+
+    /// Whether parts from `first` on of the property are being animated.
+    [[nodiscard]] bool isAnimating(const Track& track, std::size_t first) const;
+
+    /// Ends the animations of one property where they are.
+    void stop(id target, SEL name);
+
+    /// Ends all animations of an object that is being deallocated.
+    void forget(id target);
+
+    /// Whether the values being set now come from an animation.
+    [[nodiscard]] bool isMoving() const { return moving_; }
+
+    /// Moves everything to where it is to be now. The clock calls it.
+    void tick();
+
+private:
+    struct Animation;
+    using Animations = std::vector<std::unique_ptr<Animation>>;
+
+    void move(const Track& track, double now);
+    Animations takeEnded(double now);
+    void startClock();
+    void tickAtNextEnd(double now);
+
+    Animations animations_;
+    bool moving_ = false;
+};
+
+} // namespace platform::animation

@@ -1,0 +1,62 @@
+// What a running fade or cross-fade adds to the look of a view.
+#import "ViewTransitions.h"
+
+#import "AlphaDrawing.h"
+
+#include <memory>
+#include <unordered_map>
+
+namespace platform::alpha {
+
+namespace {
+
+using Table = std::unordered_map<NSView *, Transition>;
+
+// Never destroyed: views are deallocated after static objects are.
+Table &table() {
+    static auto *const shared = std::make_unique<Table>().release();
+    return *shared;
+}
+
+void dropWithoutEffect(NSView *view) {
+    const auto found = table().find(view);
+    if (found->second.opacity >= 1 && found->second.crossFade.oldPicture.isEmpty()) {
+        table().erase(found);
+    }
+    redraw(view);
+}
+
+} // namespace
+
+Transition *transitionOf(NSView *view) {
+    if (table().empty()) {
+        return nullptr;
+    }
+    const auto found = table().find(view);
+    return found == table().end() ? nullptr : &found->second;
+}
+
+Transition &beginTransition(NSView *view) {
+    expectTranslucentViews();
+    return table()[view];
+}
+
+void endFade(NSView *view) {
+    if (Transition *transition = transitionOf(view)) {
+        transition->opacity = 1;
+        dropWithoutEffect(view);
+    }
+}
+
+void endCrossFade(NSView *view) {
+    if (Transition *transition = transitionOf(view)) {
+        transition->crossFade = {};
+        dropWithoutEffect(view);
+    }
+}
+
+void forgetTransition(NSView *view) {
+    table().erase(view);
+}
+
+} // namespace platform::alpha
