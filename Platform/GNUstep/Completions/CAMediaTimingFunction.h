@@ -18,7 +18,9 @@ extern NSString *const kCAMediaTimingFunctionDefault;
 
 /// One of the named functions; an unknown name gives "ease in, ease out".
 + (instancetype)functionWithName:(NSString *)name;
-+ (instancetype)functionWithControlPoints:(float)x1:(float)y1:(float)x2:(float)y2;
+// clang-format off
++ (instancetype)functionWithControlPoints:(float)x1 :(float)y1 :(float)x2 :(float)y2;
+// clang-format on
 
 /// The control point at `index` (0 to 3, the ends included), as x and y.
 - (void)getControlPointAtIndex:(size_t)index values:(float[2])values;

@@ -33,7 +33,9 @@ NSString *const kCAMediaTimingFunctionDefault = @"default";
     return [self functionWithCurve:{}];
 }
 
-+ (instancetype)functionWithControlPoints:(float)x1:(float)y1:(float)x2:(float)y2 {
+// clang-format off
++ (instancetype)functionWithControlPoints:(float)x1 :(float)y1 :(float)x2 :(float)y2 {
+    // clang-format on
     return [self functionWithCurve:{x1, y1, x2, y2}];
 }
 
