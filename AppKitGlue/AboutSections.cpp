@@ -10,7 +10,7 @@ AboutSection libraries() {
                 {"SplitKit", "Matteo Gavagnin", "https://github.com/macteo/SplitKit"},
                 {"Container Transitions", "Joachim Bondo", "https://github.com/osteslag/custom-container-transitions"},
                 {"KWTransition", "Kurt Wagner", "https://github.com/KurtWagner/KWTransition"},
-                {"RetroTransition", "Wes Gray", "https://github.com/wcgray/RetroTransition"},
+                {"RetroTransition", "wcgray", "https://github.com/wcgray/RetroTransition"},
                 {"Tatsi", "Awkward", "https://github.com/awkward/Tatsi"},
                 {"Splash", "John Sundell", "https://github.com/JohnSundell/Splash"},
                 {"Pulldown Cmark", "Raph Levien", "https://github.com/pulldown-cmark/pulldown-cmark"},

@@ -22,7 +22,7 @@ struct Handler {
 
     bj::value_stack stack;
     std::string number;
-    bool numberTooLarge = false;
+    std::size_t infiniteNumberLength = 0; // 0: there is none
 
     bool on_document_begin(bj::error_code&) {
         stack.reset();
@@ -76,9 +76,10 @@ struct Handler {
         // Out of range also says "too small", which rounds to zero or the smallest number.
         if (outcome.ec != std::errc())
             value = approximate;
+        const std::size_t length = number.size();
         number.clear();
         if (!std::isfinite(value)) {
-            numberTooLarge = true;
+            infiniteNumberLength = length;
             error = bj::error::exponent_overflow;
             return false;
         }
@@ -103,9 +104,9 @@ bj::parse_options options() {
     return result;
 }
 
-DecodingError syntaxError(const bj::error_code& code, bool numberTooLarge, std::size_t offset, std::size_t size) {
+DecodingError syntaxError(const bj::error_code& code, std::size_t offset, std::size_t size) {
     std::string found = code.message();
-    if (numberTooLarge || code == bj::error::exponent_overflow)
+    if (code == bj::error::exponent_overflow)
         found = "a number too large for 64 bits";
     else if (code == bj::error::too_deep)
         found = "more than 512 levels";
@@ -125,7 +126,7 @@ std::expected<bj::value, DecodingError> parse(std::string_view text) noexcept {
     if (!code && used < text.size())
         code = bj::error::extra_data;
     if (code)
-        return std::unexpected(syntaxError(code, parser.handler().numberTooLarge, used, text.size()));
+        return std::unexpected(syntaxError(code, used - parser.handler().infiniteNumberLength, text.size()));
     return parser.handler().stack.release();
 }
 

@@ -29,7 +29,19 @@ struct QVAppKitControllerState {
     bool shouldCloseOnLoad = false;
     /// The host's slides window while presenter mode runs.
     appkitglue::WeakObjCPtr<NSWindow> currentExternalSlidesWindow;
+
+    /// Call the callbacks; nothing happens while none is set. A host may clear or replace them while it is called.
+    void sendAction(appkitglue::ToolbarAction action) const;
+    void sendSearch(NSString *text) const;
+    void sendPopover(appkitglue::ToolbarAction action, NSRect rect) const;
 };
+
+namespace appkitglue {
+
+/// The controller of the startup tutorial that was opened last; null when there is none. Never destroyed.
+RetainPtr<NSWindowController> &currentTutorialWindowController();
+
+} // namespace appkitglue
 
 @interface QVAppKitController (Private)
 
@@ -38,6 +50,10 @@ struct QVAppKitControllerState {
 
 /// The document window with a reference of the caller's own; null when it is gone.
 - (appkitglue::RetainPtr<NSWindow>)documentWindow;
+
+@end
+
+@interface QVAppKitController (MenuPopUp)
 
 /// Pops a menu of `items` up under `sender`, left-aligned. Shows nothing for an empty list.
 - (void)popUpMenu:(const std::vector<appkitglue::MenuItem> &)items sender:(NSView *)sender;

@@ -3,5 +3,7 @@
 //
 // One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
 // namespace platform. Completions that only add classes or methods need no line.
+
 QV_INSTALL(installAlphaDrawing)
+QV_INSTALL(installHTMLImport)
 QV_INSTALL(installImplicitAnimation)

@@ -1,0 +1,126 @@
+#include "Screen.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+using namespace appkitglue;
+
+const Screen x{"X", true, 1440, 900};
+const Screen y{"Y", false, 1920, 1080};
+const Screen z{"Z", false, 800, 600};
+
+ScreenNames names(const Screen& presenter, const Screen& slideshow) {
+    return {.slideshow = slideshow.displayName(), .presenter = presenter.displayName()};
+}
+
+TEST(ScreenNaming, MainDisplaysSaySo) {
+    EXPECT_EQ(x.displayName(), "X Main 1440×900");
+}
+
+TEST(ScreenNaming, OtherDisplaysHaveTwoBlanks) {
+    EXPECT_EQ((Screen{"Projector", false, 1920, 1080}.displayName()), "Projector  1920×1080");
+    EXPECT_EQ(displayNames(std::vector{x, y}), (std::vector<std::string>{"X Main 1440×900", "Y  1920×1080"}));
+}
+
+TEST(ScreenSizes, AreCutOff) {
+    EXPECT_EQ(Screen::make("A", false, 1440.9, -0.5), (Screen{"A", false, 1440, 0}));
+    EXPECT_EQ(Screen::make("A", true, -0x1p63, 0).width, std::numeric_limits<std::int64_t>::min());
+}
+
+TEST(ScreenSizesDeathTest, StopTheProcessWhenTheyDoNotFit) {
+    const auto expected = testing::ContainsRegex(
+        "^AppKitGlue/PreferencesManager:[0-9]+: Fatal error: The size of a display does not fit 64 bits\n$");
+    for (const double length : {std::nan(""), double(INFINITY), 0x1p63, -0x1.8p63})
+        EXPECT_EXIT(Screen::make("A", false, 1, length), testing::KilledBySignal(SIGABRT), expected) << length;
+}
+
+TEST(ScreenJSON, HasOneMember) {
+    const ScreenHandling handling{{{x, y, 0.5}}};
+    const auto* text = R"({"combinations":[{"presenter":{"name":"X","isMain":true,"width":1440,"height":900},)"
+                       R"("slideshow":{"name":"Y","isMain":false,"width":1920,"height":1080},"lastUse":0.5}]})";
+    EXPECT_EQ(handling.encode(), text);
+    EXPECT_EQ(ScreenHandling::decode(text), handling);
+    EXPECT_EQ(ScreenHandling{}.encode(), R"({"combinations":[]})");
+}
+
+TEST(ScreenJSON, NeedsEveryMember) {
+    EXPECT_EQ(ScreenHandling::decode(R"({"combinations":[{"presenter":{"name":"X","isMain":true,"width":1.5}}]})")
+                  .error()
+                  .description(),
+              "combinations[0].presenter.width: expected a 64-bit integer, found the number 1.5");
+    EXPECT_EQ(ScreenHandling::decode("{}").error().description(), "combinations: expected an array, found nothing");
+}
+
+TEST(ScreenJSON, UnreadableChoicesCountAsNone) {
+    for (const char* text : {"", "{", "{\"combinations\":[{}]}", "[]"})
+        EXPECT_EQ(ScreenHandling::decodeOrEmpty(text), ScreenHandling{});
+    EXPECT_EQ(ScreenHandling::decodeOrEmpty(R"({"combinations":[],"more":1})"), ScreenHandling{});
+}
+
+TEST(ScreenRestoring, FindsNothingOnTheFirstRun) {
+    EXPECT_FALSE(ScreenHandling{}.restoredNames(std::vector{x, y}));
+}
+
+TEST(ScreenRestoring, FindsAPairInEitherOrderOfTheDisplays) {
+    const ScreenHandling handling{{{x, y, 1}}};
+    EXPECT_EQ(handling.restoredNames(std::vector{x, y}), names(x, y));
+    EXPECT_EQ(handling.restoredNames(std::vector{y, x}), names(x, y));
+}
+
+TEST(ScreenRestoring, PrefersThePairInTheOrderOfTheDisplays) {
+    const ScreenHandling handling{{{y, x, 1}, {x, y, 2}}};
+    EXPECT_EQ(handling.restoredNames(std::vector{x, y}), names(x, y));
+    EXPECT_EQ(handling.restoredNames(std::vector{y, x}), names(y, x));
+}
+
+TEST(ScreenRestoring, ConsidersTheFirstTwoDisplaysOnly) {
+    const ScreenHandling handling{{{x, z, 1}, {y, z, 1}}};
+    EXPECT_FALSE(handling.restoredNames(std::vector{x, y, z}));
+    EXPECT_EQ(handling.restoredNames(std::vector{x, z, y}), names(x, z));
+    EXPECT_FALSE(handling.restoredNames(std::vector{x}));
+}
+
+TEST(ScreenRestoring, DoesNotKnowADisplayOfAnotherSize) {
+    auto larger = y;
+    larger.width = 2560;
+    EXPECT_FALSE((ScreenHandling{{{x, y, 1}}}).restoredNames(std::vector{x, larger}));
+}
+
+TEST(ScreenRemembering, AppendsANewPair) {
+    ScreenHandling handling;
+    const auto pair = handling.remember(names(x, y), std::vector{x, y}, 5);
+    EXPECT_EQ(pair, (ScreenPair{x, y}));
+    EXPECT_EQ(handling, (ScreenHandling{{{x, y, 5}}}));
+}
+
+TEST(ScreenRemembering, KeepsOneEntryForAPairAndItsPlace) {
+    ScreenHandling handling{{{x, y, 1}, {y, z, 2}}};
+    handling.remember(names(x, y), std::vector{x, y, z}, 9);
+    EXPECT_EQ(handling, (ScreenHandling{{{x, y, 9}, {y, z, 2}}}));
+    handling.remember(names(y, x), std::vector{x, y, z}, 10);
+    EXPECT_EQ(handling, (ScreenHandling{{{x, y, 9}, {y, z, 2}, {y, x, 10}}}));
+}
+
+TEST(ScreenRemembering, IgnoresNamesOfNoDisplay) {
+    ScreenHandling handling;
+    EXPECT_FALSE(handling.remember(names(x, z), std::vector{x, y}, 1));
+    EXPECT_FALSE(handling.remember(names(z, x), std::vector{x, y}, 1));
+    EXPECT_FALSE(handling.remember(ScreenNames{}, std::vector{x, y}, 1));
+    EXPECT_FALSE(handling.remember(names(x, y), {}, 1));
+    EXPECT_EQ(handling, ScreenHandling{});
+}
+
+TEST(ScreenRemembering, AllowsTheSameDisplayTwice) {
+    ScreenHandling handling;
+    EXPECT_EQ(handling.remember(names(x, x), std::vector{x, y}, 1), (ScreenPair{x, x}));
+}
+
+TEST(ScreenFinding, TakesTheFirstOfEqualNames) {
+    EXPECT_EQ(indexOfScreenNamed("X", std::vector{y, x, Screen{"X", false, 1, 1}}), 1U);
+    EXPECT_FALSE(indexOfScreenNamed("X Main 1440×900", std::vector{x}));
+}
+
+} // namespace
