@@ -7,3 +7,4 @@
 QV_INSTALL(installAlphaDrawing)
 QV_INSTALL(installHTMLImport)
 QV_INSTALL(installImplicitAnimation)
+QV_INSTALL(installViewAppearanceHooks)

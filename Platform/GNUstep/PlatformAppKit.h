@@ -5,3 +5,4 @@
 #import "CAMediaTimingFunction.h"
 #import "NSAnimationContext+Groups.h"
 #import "NSLayoutConstraint+Constant.h"
+#import "NSViewController+Appearance.h"
