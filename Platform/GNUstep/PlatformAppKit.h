@@ -5,4 +5,8 @@
 #import "CAMediaTimingFunction.h"
 #import "NSAnimationContext+Groups.h"
 #import "NSLayoutConstraint+Constant.h"
+#import "NSScreen+LocalizedName.h"
+#import "NSView+FullScreen.h"
+#import "NSView+TrackingAreas.h"
 #import "NSViewController+Appearance.h"
+#import "NSWindow+FullScreen.h"

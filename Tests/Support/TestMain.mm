@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 // A program that links the bundle's library instead of loading it would be told that the bundle's classes belong to the
@@ -28,9 +29,20 @@ static id bundleForClassByImage(id self, SEL command, Class aClass) {
     return originalBundleForClass(self, command, aClass);
 }
 
+// Each test has an autorelease pool of its own, as each event of an application has.
+class PoolOfEachTest : public testing::EmptyTestEventListener {
+public:
+    void OnTestStart(const testing::TestInfo &) override { pool_ = [[NSAutoreleasePool alloc] init]; }
+    void OnTestEnd(const testing::TestInfo &) override { [pool_ drain]; }
+
+private:
+    NSAutoreleasePool *pool_ = nil;
+};
+
 int main(int argc, char **argv) {
     @autoreleasepool {
         testing::InitGoogleTest(&argc, argv);
+        testing::UnitTest::GetInstance()->listeners().Append(std::make_unique<PoolOfEachTest>().release());
         Method method = class_getClassMethod([NSBundle class], @selector(bundleForClass:));
         originalBundleForClass = reinterpret_cast<Class (*)(id, SEL, Class)>(
             method_setImplementation(method, reinterpret_cast<IMP>(bundleForClassByImage)));

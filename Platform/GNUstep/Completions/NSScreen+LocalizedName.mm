@@ -1,0 +1,47 @@
+// GNUstep 0.29 has no -[NSScreen localizedName].
+#import "NSScreen+LocalizedName.h"
+
+#import <GNUstepGUI/GSDisplayServer.h>
+
+#include "XDisplays.h"
+
+namespace {
+
+NSInteger screenNumber(NSScreen *screen) {
+    return [[[screen deviceDescription] objectForKey:@"NSScreenNumber"] integerValue];
+}
+
+/// How many connected screens with the same frame (mirrored displays) come before this one.
+std::size_t rankAmongMirrors(NSScreen *screen) {
+    std::size_t rank = 0;
+    for (NSScreen *other in [NSScreen screens]) {
+        if (NSEqualRects([other frame], [screen frame]) && screenNumber(other) < screenNumber(screen)) {
+            ++rank;
+        }
+    }
+    return rank;
+}
+
+} // namespace
+
+@implementation NSScreen (QVLocalizedName)
+
+- (NSString *)localizedName {
+    void *display = [GSCurrentServer() serverDevice];
+    const NSRect frame = [self frame];
+    const platform::x11::Rectangle rectangle{static_cast<int>(NSMinX(frame)),
+                                             platform::x11::rootHeight(display) - static_cast<int>(NSMaxY(frame)),
+                                             static_cast<int>(NSWidth(frame)), static_cast<int>(NSHeight(frame))};
+    const auto outputs = platform::x11::activeOutputs(display);
+    std::size_t rank = rankAmongMirrors(self);
+    for (const auto &output : outputs) {
+        if (output.rectangle == rectangle && rank-- == 0) {
+            return [NSString stringWithUTF8String:output.name.c_str()];
+        }
+    }
+    // The server knows of a change that AppKit has not heard of yet: screens are numbered in the order of the outputs.
+    const auto number = static_cast<std::size_t>(screenNumber(self));
+    return number < outputs.size() ? [NSString stringWithUTF8String:outputs[number].name.c_str()] : @"";
+}
+
+@end
