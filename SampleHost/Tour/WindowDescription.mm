@@ -68,7 +68,7 @@ json::object describeView(NSView *view, int depth) {
         {"visible", frameOnScreen(view, [view visibleRect])},
         {"depth", depth},
     };
-    if (NSString *text = shownText(view); [text length] > 0) {
+    if (NSString *text = shownText(view);[text length] > 0) {
         object["text"] = [text UTF8String];
     }
     if ([[view toolTip] length] > 0) {
@@ -77,7 +77,8 @@ json::object describeView(NSView *view, int depth) {
     if ([view isKindOfClass:[NSControl class]]) {
         NSControl *control = (NSControl *)view;
         object["enabled"] = static_cast<bool>([control isEnabled]);
-        if ([control cell] != nil && ![view isKindOfClass:[NSMatrix class]] && ![view isKindOfClass:[NSTableView class]]) {
+        if ([control cell] != nil && ![view isKindOfClass:[NSMatrix class]] &&
+            ![view isKindOfClass:[NSTableView class]]) {
             const NSSize size = [[control cell] cellSize];
             object["needs"] = json::array{size.width, size.height};
         }
