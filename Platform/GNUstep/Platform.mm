@@ -8,8 +8,9 @@
 
 namespace platform {
 
-// Declares and calls what the list of installers names.
-#define QV_INSTALL(function) void function();
+// Declares and calls what the list of installers names. A completion that this GNUstep does not need is left out of the
+// build.
+#define QV_INSTALL(function) [[gnu::weak]] void function();
 #include "Installers.h"
 #undef QV_INSTALL
 
@@ -18,7 +19,10 @@ void prepareAppKit() {
     if (std::exchange(prepared, true)) {
         return;
     }
-#define QV_INSTALL(function) function();
+#define QV_INSTALL(function)                                                                                           \
+    if (function != nullptr) {                                                                                         \
+        function();                                                                                                    \
+    }
 #include "Installers.h"
 #undef QV_INSTALL
 }

@@ -1,0 +1,39 @@
+# Which completions this GNUstep does not need: each line names a file, a header of AppKit and what, once that header declares
+# it, makes the file superfluous (nothing to look for: the header's being there does). A newer GNUstep so takes over without a
+# clash of names. The declarations stay, they are the same; those of whole classes look for the header themselves.
+#
+# One line for each completion, in alphabetical order.
+set(QV_COMPLETION_CHECKS
+    "Completions/NSAppearance+Windows.mm|NSWindow.h|effectiveAppearance"
+    "Completions/NSButton+Factories.mm|NSButton.h|buttonWithTitle:"
+    "Completions/NSColor+Accent.mm|NSColor.h|controlAccentColor"
+    "Completions/NSFontManager+Target.mm|NSFontManager.h|setTarget:"
+    "Completions/NSMenu+PopUp.mm|NSMenu.h|popUpMenuPositioningItem:"
+    "Completions/NSSearchToolbarItem.mm|NSSearchToolbarItem.h|"
+    "Completions/NSToolbarItem+Bordered.mm|NSToolbarItem.h|isBordered"
+    "Symbols/NSImage+SystemSymbols.mm|NSImage.h|imageWithSystemSymbolName:"
+)
+
+# The full paths of the files that are superfluous with these headers.
+function(qv_unneeded_completions headers result)
+    set(unneeded)
+    foreach(check ${QV_COMPLETION_CHECKS})
+        string(REPLACE "|" ";" parts "${check}")
+        list(GET parts 0 source)
+        list(GET parts 1 header)
+        list(GET parts 2 declaration)
+        if(EXISTS ${headers}/AppKit/${header})
+            file(READ ${headers}/AppKit/${header} text)
+            string(FIND "${text}" "${declaration}" position)
+            if(NOT position EQUAL -1)
+                list(APPEND unneeded ${CMAKE_CURRENT_SOURCE_DIR}/GNUstep/${source})
+            endif()
+        endif()
+    endforeach()
+    set(${result} ${unneeded} PARENT_SCOPE)
+endfunction()
+
+qv_unneeded_completions(${QV_GNUSTEP_HEADERS} QV_UNNEEDED_COMPLETIONS)
+if(QV_UNNEEDED_COMPLETIONS)
+    message(STATUS "Completions that this GNUstep does not need: ${QV_UNNEEDED_COMPLETIONS}")
+endif()

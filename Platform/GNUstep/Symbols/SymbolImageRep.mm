@@ -1,0 +1,140 @@
+#import "SymbolImageRep.h"
+
+#include <cmath>
+
+namespace {
+
+struct Colour {
+    unsigned red, green, blue;
+};
+
+Colour textColour() {
+    NSColor *colour = [[NSColor controlTextColor] colorUsingColorSpaceName:NSCalibratedRGBColorSpace];
+    const auto byte = [](CGFloat component) { return static_cast<unsigned>(std::lround(component * 255)); };
+    return {byte([colour redComponent]), byte([colour greenComponent]), byte([colour blueComponent])};
+}
+
+// Never 0, which stands for "not drawn yet".
+std::uint32_t key(Colour colour) {
+    return 1U << 24 | colour.red << 16 | colour.green << 8 | colour.blue;
+}
+
+// The mask in the colour, premultiplied. Retained for the caller.
+NSBitmapImageRep *tintedBitmap(NSBitmapImageRep *mask, Colour colour) {
+    const NSInteger width = [mask pixelsWide];
+    const NSInteger height = [mask pixelsHigh];
+    NSBitmapImageRep *result = [[NSBitmapImageRep alloc] initWithBitmapDataPlanes:nullptr
+                                                                       pixelsWide:width
+                                                                       pixelsHigh:height
+                                                                    bitsPerSample:8
+                                                                  samplesPerPixel:4
+                                                                         hasAlpha:YES
+                                                                         isPlanar:NO
+                                                                   colorSpaceName:NSCalibratedRGBColorSpace
+                                                                      bytesPerRow:width * 4
+                                                                     bitsPerPixel:32];
+    const NSInteger samples = [mask samplesPerPixel];
+    for (NSInteger y = 0; y < height; y++) {
+        const unsigned char *source = [mask bitmapData] + y * [mask bytesPerRow];
+        unsigned char *target = [result bitmapData] + y * width * 4;
+        for (NSInteger x = 0; x < width; x++, source += samples, target += 4) {
+            const unsigned alpha = source[samples - 1];
+            target[0] = static_cast<unsigned char>(colour.red * alpha / 255);
+            target[1] = static_cast<unsigned char>(colour.green * alpha / 255);
+            target[2] = static_cast<unsigned char>(colour.blue * alpha / 255);
+            target[3] = static_cast<unsigned char>(alpha);
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+@implementation QVSymbolImageRep
+
+- (instancetype)initWithMasks:(NSArray *)masks size:(NSSize)size {
+    if ((self = [super init]) != nil) {
+        _masks = [masks copy];
+        [self setSize:size];
+        [self setAlpha:YES];
+        [self setOpaque:NO];
+        [self setBitsPerSample:8];
+        [self setPixelsWide:NSImageRepMatchesDevice];
+        [self setPixelsHigh:NSImageRepMatchesDevice];
+    }
+    return self;
+}
+
+// The superclass copies the bits of the instance variables: what they own is retained here.
+- (id)copyWithZone:(NSZone *)zone {
+    QVSymbolImageRep *copy = [super copyWithZone:zone];
+    [copy->_masks retain];
+    for (NSImage *&image : copy->_tinted) {
+        image = nil;
+    }
+    for (std::uint32_t &colour : copy->_colour) {
+        colour = 0;
+    }
+    return copy;
+}
+
+- (void)dealloc {
+    [_masks release];
+    for (NSImage *image : _tinted) {
+        [image release];
+    }
+    [super dealloc];
+}
+
+// The symbol in the text colour; its size is its number of pixels, or its cache would lose the finer mask.
+- (NSImage *)tintedImage:(unsigned)scale {
+    const Colour colour = textColour();
+    if (_tinted[scale] == nil || _colour[scale] != key(colour)) {
+        NSBitmapImageRep *bitmap = tintedBitmap([_masks objectAtIndex:scale], colour);
+        const auto pixelsWide = static_cast<CGFloat>([bitmap pixelsWide]);
+        const auto pixelsHigh = static_cast<CGFloat>([bitmap pixelsHigh]);
+        const NSSize pixels = NSMakeSize(pixelsWide, pixelsHigh);
+        [bitmap setSize:pixels];
+        [_tinted[scale] release];
+        _tinted[scale] = [[NSImage alloc] initWithSize:pixels];
+        [_tinted[scale] setCacheMode:NSImageCacheAlways];
+        [_tinted[scale] addRepresentation:bitmap];
+        [bitmap release];
+        _colour[scale] = key(colour);
+    }
+    return _tinted[scale];
+}
+
+// The superclass opens an off-screen window for each drawing, and a bitmap's own drawing does not paint over what is
+// there: an image of the tinted bitmap does it, which keeps its surface until the colour changes.
+- (BOOL)drawInRect:(NSRect)target
+          fromRect:(NSRect)source
+         operation:(NSCompositingOperation)operation
+          fraction:(CGFloat)fraction
+    respectFlipped:(BOOL)respectFlipped
+             hints:(NSDictionary *)hints {
+    const NSSize size = [self size];
+    const NSSize pixels = [[[NSGraphicsContext currentContext] GSCurrentCTM] transformSize:target.size];
+    NSImage *image = [self tintedImage:std::fabs(pixels.width) > size.width * 1.01 ? 1 : 0];
+    const CGFloat scale = [image size].width / size.width;
+    [image drawInRect:target
+              fromRect:NSMakeRect(NSMinX(source) * scale, NSMinY(source) * scale, NSWidth(source) * scale,
+                                  NSHeight(source) * scale)
+             operation:operation
+              fraction:fraction
+        respectFlipped:respectFlipped
+                 hints:hints];
+    return YES;
+}
+
+- (BOOL)draw {
+    const NSSize size = [self size];
+    return [self drawInRect:NSMakeRect(0, 0, size.width, size.height)
+                   fromRect:NSZeroRect
+                  operation:NSCompositeSourceOver
+                   fraction:1
+             respectFlipped:NO
+                      hints:nil];
+}
+
+@end
