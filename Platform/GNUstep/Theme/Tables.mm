@@ -42,8 +42,7 @@ using namespace flattheme;
                                        inView:(NSView *)view
                              selectingColumns:(BOOL)selectingColumns {
     NSTableView *table = (NSTableView *)view;
-    const bool hasKeys = [[table window] isKeyWindow];
-    [colour(hasKeys ? palette().selectedRow : palette().inactiveSelection) set];
+    [colour(palette().selectedRow) set];
     NSIndexSet *indexes = selectingColumns ? [table selectedColumnIndexes] : [table selectedRowIndexes];
     for (NSUInteger index = [indexes firstIndex]; index != NSNotFound; index = [indexes indexGreaterThanIndex:index]) {
         const NSRect all = selectingColumns ? [table rectOfColumn:static_cast<NSInteger>(index)]

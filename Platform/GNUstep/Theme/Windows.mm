@@ -39,8 +39,7 @@ bool showsMenuBar(NSWindow *window) {
         }
     }
     constexpr NSUInteger document = NSTitledWindowMask | NSResizableWindowMask;
-    return ![window isKindOfClass:[NSPanel class]] && ([window styleMask] & document) == document &&
-           [window canBecomeMainWindow];
+    return ![window isKindOfClass:[NSPanel class]] && ([window styleMask] & document) == document;
 }
 
 bool isMenuInWindows() {
