@@ -1,6 +1,7 @@
 // The menu bar, menus and pop-up menus.
 #import "Drawing.h"
 #import "ElementHooks.h"
+#import "Hooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
 
@@ -8,7 +9,30 @@
 
 using namespace flattheme;
 
-void flattheme::installMenuHooks() {}
+namespace {
+
+platform::Hook<void> organizeHook;
+
+// A menu bar in a window is given a menu with the program's name, for main menu items that have no menu. Without such
+// items it is empty: a grey word.
+void organizeMenu(id self, SEL command) {
+    organizeHook.original(self, command);
+    NSMenu *menu = self;
+    if ([menu numberOfItems] == 0) {
+        return;
+    }
+    id<NSMenuItem> first = [menu itemAtIndex:0];
+    const bool isProgram = [[first title] isEqualToString:[[NSProcessInfo processInfo] processName]];
+    if (isProgram && [[first submenu] numberOfItems] == 0) {
+        [menu removeItemAtIndex:0];
+    }
+}
+
+} // namespace
+
+void flattheme::installMenuHooks() {
+    organizeHook.install([NSMenu class], sel_registerName("_organizeMenu"), organizeMenu);
+}
 
 @implementation QVFlatTheme (Menus)
 

@@ -84,8 +84,15 @@ void flattheme::setShowsMenuBar(NSWindow *window, bool shows) {
 @implementation QVFlatTheme (Windows)
 
 - (void)updateMenu:(NSMenu *)menu forWindow:(NSWindow *)window {
-    if (menu == nil || showsMenuBar(window)) {
-        [super updateMenu:menu forWindow:window];
+    if (menu != nil && !showsMenuBar(window)) {
+        return;
+    }
+    [super updateMenu:menu forWindow:window];
+    for (NSView *view in [[[window contentView] superview] subviews]) {
+        if ([view isKindOfClass:[NSMenuView class]]) {
+            [(NSMenuView *)view setHorizontalEdgePad:8];
+            [(NSMenuView *)view sizeToFit];
+        }
     }
 }
 
