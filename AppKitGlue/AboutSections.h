@@ -8,6 +8,11 @@
 
 namespace appkitglue {
 
+namespace ui {
+class View;
+struct ViewEnvironment;
+} // namespace ui
+
 /// One acknowledged library, font or icon set.
 struct Library {
     std::string name;
@@ -16,6 +21,10 @@ struct Library {
     std::string urlString;
 
     const std::string& id() const { return name; }
+    /// Opens the project page; does nothing if `urlString` is no address.
+    void open(const ui::ViewEnvironment& environment) const;
+    /// The row of this library on the About screen.
+    ui::View body() const;
     friend bool operator==(const Library&, const Library&) = default;
 };
 
@@ -25,6 +34,8 @@ struct AboutSection {
     std::vector<Library> libraries;
 
     const std::string& id() const { return title; }
+    /// The block of this section on the About screen: its rows by name, the greatest first.
+    ui::View body() const;
     friend bool operator==(const AboutSection&, const AboutSection&) = default;
 };
 
