@@ -90,7 +90,7 @@ void flattheme::setShowsMenuBar(NSWindow *window, bool shows) {
     [super updateMenu:menu forWindow:window];
     for (NSView *view in [[[window contentView] superview] subviews]) {
         if ([view isKindOfClass:[NSMenuView class]]) {
-            [(NSMenuView *)view setHorizontalEdgePad:8];
+            [(NSMenuView *)view setHorizontalEdgePadding:8];
             [(NSMenuView *)view sizeToFit];
         }
     }
