@@ -18,16 +18,15 @@ struct CurrentDisplayConfiguration {
     struct Screens {
         RetainPtr<NSScreen> slideshow;
         RetainPtr<NSScreen> presenter;
-    };
-    /// Display names of the chosen displays (UTF-8, as `Screen::displayName` makes them); empty when unknown.
-    struct Names {
-        std::string slideshow;
-        std::string presenter;
+        /// Their localized names, UTF-8: the platform may list other objects for the same displays later.
+        std::string slideshowName;
+        std::string presenterName;
     };
 
     /// Absent until a choice has been stored in this process.
     std::optional<Screens> screens;
-    Names names;
+    /// Display names of the chosen displays (UTF-8, as `Screen::displayName` makes them); empty when unknown.
+    ScreenNames names;
 };
 
 /// Remembers the user's pairs of displays in the standard user defaults (key "SCREEN_CONFIGURATIONS2", JSON data) and
@@ -56,17 +55,20 @@ public:
     /// nothing else and writes nothing.
     void restoreScreenNames();
 
-    /// The display for the slides: the stored choice, else the second connected display. Not owned; nil without one.
+    /// The display for the slides: the stored choice while both of its displays are connected, else the second
+    /// connected display. Not owned; nil without one.
     [[nodiscard]] NSScreen* slideshowScreen() const;
 
-    /// The display for the presenter view: the stored choice, else the first connected display. Not owned; nil without
-    /// one.
+    /// The display for the presenter view: the stored choice while both of its displays are connected, else the first
+    /// connected display. Not owned; nil without one.
     [[nodiscard]] NSScreen* presenterScreen() const;
 
     /// The display name of one display, UTF-8. `screen` must not be nil.
     [[nodiscard]] static std::string displayName(NSScreen* screen);
 
 private:
+    ScreenHandling& loadedScreenHandler();
+
     std::optional<ScreenHandling> screenHandler_;
     CurrentDisplayConfiguration currentDisplayConfiguration_;
 };
