@@ -20,3 +20,5 @@
 #import "NSView+TrackingAreas.h"
 #import "NSViewController+Appearance.h"
 #import "NSWindow+FullScreen.h"
+#import "NSWindow+RepresentedURL.h"
+#import "NSWindow+TabOverview.h"

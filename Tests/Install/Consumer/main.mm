@@ -1,0 +1,16 @@
+// The smallest host: loads the installed bundle and makes a controller.
+#import <QVAppKitController.h>
+
+#include <SettingsPayload.h>
+
+#include <cstdio>
+
+int main() {
+    @autoreleasepool {
+        Class principal = [[NSBundle bundleWithPath:@BUNDLE] principalClass];
+        QVAppKitController *controller = [[[principal alloc] init] autorelease];
+        const auto record = appkitglue::SettingsPayload::defaultSettings().encode();
+        std::printf("%s %s\n", [[controller description] UTF8String], record ? record->c_str() : "");
+        return controller != nil && record ? 0 : 1;
+    }
+}
