@@ -1,5 +1,4 @@
 #import "MenuBuilding.h"
-#import "MenuEventDelegate.h"
 #import "QVAppKitController+Private.h"
 
 #include "StringBridging.h"

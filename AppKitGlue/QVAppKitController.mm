@@ -1,5 +1,6 @@
 #import "QVAppKitController+Private.h"
 
+#import "MouseMoveManager.h"
 #import "PreferencesManager.h"
 
 #include "FatalError.h"
@@ -72,8 +73,7 @@ RetainPtr<NSWindowController> &currentTutorialWindowController() {
     self = [super init];
     if (self != nil) {
         auto state = std::make_unique<QVAppKitControllerState>();
-        state->mouseMoveManager =
-            RetainPtr<MouseMoveManager>::adopt([[NSClassFromString(@"MouseMoveManager") alloc] init]);
+        state->mouseMoveManager = adoptNS([[MouseMoveManager alloc] init]);
         _state = state.release(); // taken back in dealloc
     }
     return self;
