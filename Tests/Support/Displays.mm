@@ -83,7 +83,8 @@ bool screensMatch(const std::vector<Display> &displays) {
         const NSRect frame = NSMakeRect(display.x, height - display.y - display.height, display.width, display.height);
         const auto found =
             std::ranges::find_if(rest, [&](NSScreen *screen) { return NSEqualRects([screen frame], frame); });
-        if (found == rest.end()) {
+        // The primary display comes first.
+        if (found == rest.end() || (display.primary && !NSEqualRects([[screens objectAtIndex:0] frame], frame))) {
             return false;
         }
         rest.erase(found);
