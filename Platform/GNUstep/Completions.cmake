@@ -10,7 +10,10 @@ set(QV_COMPLETION_CHECKS
     "Completions/NSFontManager+Target.mm|NSFontManager.h|setTarget:"
     "Completions/NSMenu+PopUp.mm|NSMenu.h|popUpMenuPositioningItem:"
     "Completions/NSSearchToolbarItem.mm|NSSearchToolbarItem.h|"
+    "Completions/NSStackView.mm|NSStackView.h|"
+    "Completions/NSTextField+Placeholder.mm|NSTextField.h|setPlaceholderString:"
     "Completions/NSToolbarItem+Bordered.mm|NSToolbarItem.h|isBordered"
+    "Completions/NSWindow+TabOverview.mm|NSWindow.h|toggleTabOverview:"
     "Symbols/NSImage+SystemSymbols.mm|NSImage.h|imageWithSystemSymbolName:"
 )
 

@@ -15,6 +15,8 @@
 #import "NSMenu+PopUp.h"
 #import "NSScreen+LocalizedName.h"
 #import "NSSearchToolbarItem.h"
+#import "NSStackView.h"
+#import "NSTextField+Placeholder.h"
 #import "NSToolbarItem+Bordered.h"
 #import "NSView+FullScreen.h"
 #import "NSView+TrackingAreas.h"

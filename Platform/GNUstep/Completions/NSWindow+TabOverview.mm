@@ -1,9 +1,16 @@
-// GNUstep's windows have no tabs and so no overview of them.
+// GNUstep 0.29 lacks the overview of an application's windows.
 #import "NSWindow+TabOverview.h"
 
-@implementation NSWindow (TabOverview)
+#import "TabOverviewWindow.h"
 
-- (void)toggleTabOverview:(id)sender {
+@implementation NSWindow (QVTabOverview)
+
+- (IBAction)toggleTabOverview:(id)sender {
+    if (QVTabOverviewWindow *shown = [QVTabOverviewWindow current]) {
+        [shown close];
+        return;
+    }
+    [QVTabOverviewWindow showOverWindow:self];
 }
 
 @end
