@@ -45,15 +45,15 @@ protected:
         NSString *text = [NSString stringWithCharacters:&key length:1];
         NSWindow *window = [QVTabOverviewWindow current];
         [window sendEvent:[NSEvent keyEventWithType:NSKeyDown
-                                                location:NSZeroPoint
-                                           modifierFlags:0
-                                               timestamp:0
-                                            windowNumber:[window windowNumber]
-                                                 context:nil
-                                              characters:text
-                             charactersIgnoringModifiers:text
-                                               isARepeat:NO
-                                                 keyCode:0]];
+                                                 location:NSZeroPoint
+                                            modifierFlags:0
+                                                timestamp:0
+                                             windowNumber:[window windowNumber]
+                                                  context:nil
+                                               characters:text
+                              charactersIgnoringModifiers:text
+                                                isARepeat:NO
+                                                  keyCode:0]];
     }
 
     NSAutoreleasePool *pool_ = nil;

@@ -260,9 +260,9 @@ NSLayoutAttribute alignmentNamed(NSString *name) {
     }
     const BOOL vertical = [self isVertical];
     const NSRect bounds = [self bounds];
-    const NSRect area = NSMakeRect(_edgeInsets.left, _edgeInsets.bottom,
-                                   NSWidth(bounds) - _edgeInsets.left - _edgeInsets.right,
-                                   NSHeight(bounds) - _edgeInsets.top - _edgeInsets.bottom);
+    const NSRect area =
+        NSMakeRect(_edgeInsets.left, _edgeInsets.bottom, NSWidth(bounds) - _edgeInsets.left - _edgeInsets.right,
+                   NSHeight(bounds) - _edgeInsets.top - _edgeInsets.bottom);
     std::vector<CGFloat> lengths;
     for (NSView *view in views) {
         const NSSize size = [self naturalSize:view];

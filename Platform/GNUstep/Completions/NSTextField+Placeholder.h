@@ -4,5 +4,5 @@
 
 @interface NSTextField (QVPlaceholder)
 /// What the field shows, dimmed, while it is empty; nil for nothing. Layout resources set it too.
-@property(nonatomic, copy) NSString *placeholderString;
+@property (nonatomic, copy) NSString *placeholderString;
 @end

@@ -1,4 +1,5 @@
-// GNUstep 0.29 lacks the placeholder of text fields (their cells have one) and loses it when it reads a layout resource.
+// GNUstep 0.29 lacks the placeholder of text fields (their cells have one) and loses it when it reads a layout
+// resource.
 #import "NSTextField+Placeholder.h"
 
 #import "Hooks.h"
@@ -33,7 +34,8 @@ void installPlaceholderDecoding() {
 
 - (NSString *)placeholderString {
     NSCell *cell = [self cell];
-    return [cell isKindOfClass:[NSTextFieldCell class]] ? [static_cast<NSTextFieldCell *>(cell) placeholderString] : nil;
+    return [cell isKindOfClass:[NSTextFieldCell class]] ? [static_cast<NSTextFieldCell *>(cell) placeholderString]
+                                                        : nil;
 }
 
 - (void)setPlaceholderString:(NSString *)placeholder {

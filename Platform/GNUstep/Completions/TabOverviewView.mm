@@ -17,7 +17,8 @@ struct Grid {
 
 // As square as the number of thumbnails allows.
 Grid gridFor(NSUInteger count) {
-    const auto columns = static_cast<NSUInteger>(std::ceil(std::sqrt(static_cast<double>(std::max<NSUInteger>(count, 1)))));
+    const auto columns =
+        static_cast<NSUInteger>(std::ceil(std::sqrt(static_cast<double>(std::max<NSUInteger>(count, 1)))));
     return {columns, (std::max<NSUInteger>(count, 1) + columns - 1) / columns};
 }
 
@@ -140,7 +141,7 @@ void drawTitle(NSString *title, NSRect area) {
     NSRect area;
     NSDivideRect([self rectAtIndex:index], &title, &area, titleHeight, NSMinYEdge);
     NSWindow *window = [_windows objectAtIndex:index];
-    const NSRect shape = fitted([window frame].size, NSInsetRect(area, 4, 4));
+    const NSRect shape = fitted([[[window contentView] superview] bounds].size, NSInsetRect(area, 4, 4));
     id picture = index < [_pictures count] ? [_pictures objectAtIndex:index] : nil;
     if ([picture isKindOfClass:[NSImage class]]) {
         [picture drawInRect:shape fromRect:NSZeroRect operation:NSCompositeSourceOver fraction:1];
