@@ -121,6 +121,16 @@ TEST_F(Toolbar, MakesTheSearchItem) {
     EXPECT_EQ(toUTF8(NSStringFromSelector([[made searchField] action])), "searchFieldDidChangeWithSender:");
 }
 
+TEST_F(Toolbar, CutsNoItemOff) {
+    for (NSString *identifier in @[ @"play", @"insert", @"media" ]) {
+        addItem(identifier);
+    }
+    EXPECT_EQ([[toolbar.get() visibleItems] count], 9U);
+    const NSRect last = [[item(@"tabOverview") view] convertRect:[[item(@"tabOverview") view] bounds] toView:nil];
+    EXPECT_LT(NSMaxX(last), 1000);
+    EXPECT_GT(NSMaxX(last), 900); // and the flexible space pushes it to the right
+}
+
 TEST_F(Toolbar, ReportsThePressOfATargetItem) {
     [button(addItem(@"addSlide")) performClick:nil];
     [button(addItem(@"arrange")) performClick:nil];
@@ -251,6 +261,8 @@ TEST_F(Toolbar, TitlesTheWindowAfterTheFile) {
 }
 
 TEST_F(Toolbar, TellsTheHostNothingOfTheTabOverview) {
+    ASSERT_NE(button(item(@"tabOverview")), nil);
+    [button(item(@"tabOverview")) performClick:nil];
     [button(item(@"tabOverview")) performClick:nil];
     EXPECT_THAT(host.get()->log, IsEmpty());
 }
