@@ -3,6 +3,8 @@
 
 #include "StringBridging.h"
 
+#import <objc/runtime.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -308,4 +310,26 @@ protected:
 TEST_F(ToolbarStops, ForAnUnknownIdentifier) {
     EXPECT_EXIT(make(@"AddSlide"), testing::KilledBySignal(SIGABRT),
                 testing::ContainsRegex("AppKitGlue/ToolbarManager:[0-9]+: Fatal error: Unknown Identifier AddSlide\n"));
+}
+
+namespace {
+
+NSImage *noImage(id, SEL, NSString *, NSString *) {
+    return nil;
+}
+
+} // namespace
+
+TEST_F(ToolbarStops, ForASymbolThatTheSystemLacks) {
+    const auto removeSymbols = [] {
+        Method method = class_getClassMethod([NSImage class], @selector(imageWithSystemSymbolName:
+                                                                         accessibilityDescription:));
+        method_setImplementation(method, reinterpret_cast<IMP>(noImage));
+    };
+    // "report" shows no symbol, but needs it all the same.
+    for (NSString *identifier in @[ @"addSlide", @"report" ]) {
+        EXPECT_EXIT(
+            (removeSymbols(), make(identifier)), testing::KilledBySignal(SIGABRT),
+            testing::ContainsRegex("AppKitGlue/ToolbarManager:[0-9]+: Fatal error: Missing system symbol image "));
+    }
 }
