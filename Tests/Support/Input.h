@@ -13,9 +13,11 @@
 
 namespace test {
 
+/// Sees to it that the window manager has given `window` the keyboard, and waits for it. Returns whether it has it.
+bool giveKeyboard(NSWindow *window);
+
 /// Presses and releases one key, named as X names it ("Tab", "Return", "Escape", "F10", "space", "a"), with modifiers
-/// before it ("Control+s", "Shift+Tab", "Alt+F10"). The window with the keyboard focus gets it: let runUntilQuiet see
-/// to that first.
+/// before it ("Control+s", "Shift+Tab", "Alt+F10"). The window with the keyboard focus gets it: see giveKeyboard.
 void pressKey(const std::string &chord);
 
 /// Presses several keys, one after the other.

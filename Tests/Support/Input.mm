@@ -1,5 +1,9 @@
 #import "Input.h"
 
+#import "TestSupport.h"
+
+#import <GNUstepGUI/GSDisplayServer.h>
+
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
@@ -89,6 +93,27 @@ void send(std::vector<KeySym> keysyms) {
 }
 
 } // namespace
+
+bool giveKeyboard(NSWindow *window) {
+    const auto hasIt = [window] {
+        ::Window focused = 0;
+        int revert = 0;
+        XGetInputFocus(connection(), &focused, &revert);
+        GSDisplayServer *server = GSServerForWindow(window);
+        const int number = static_cast<int>([window windowNumber]);
+        return [window isKeyWindow] && focused == reinterpret_cast<uintptr_t>([server windowDevice:number]);
+    };
+    // A window manager that is busy with another window's end may take the keyboard away again: it is asked for until
+    // it stays.
+    for (int attempt = 0; attempt < 10; attempt++) {
+        if (runUntil(hasIt, 1)) {
+            return true;
+        }
+        [window makeKeyAndOrderFront:nil];
+        [GSServerForWindow(window) setinputfocus:static_cast<int>([window windowNumber])];
+    }
+    return false;
+}
 
 void pressKey(const std::string &chord) {
     send(keysymsOf(chord));

@@ -3,6 +3,7 @@
 #import "ElementHooks.h"
 #import "FlatTheme.h"
 #import "Glyphs.h"
+#import "NSAppearance+Windows.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
 
@@ -69,16 +70,13 @@ using namespace flattheme;
 }
 
 - (void)windowAppearanceChanged:(NSNotification *)notification {
-    // Looked up by name: the appearance is completed elsewhere and may be missing.
-    id window = [notification object];
-    id appearance =
-        [window respondsToSelector:@selector(appearance)] ? [window performSelector:@selector(appearance)] : nil;
+    NSWindow *window = [notification object];
+    NSAppearance *appearance = [window appearance] != nil ? [window appearance] : [NSApp appearance];
     if (appearance == nil) {
         setLook(Look::automatic);
         return;
     }
-    NSString *name = [appearance performSelector:@selector(name)];
-    setLook([name rangeOfString:@"Dark"].location != NSNotFound ? Look::dark : Look::light);
+    setLook([[appearance name] rangeOfString:@"Dark"].location != NSNotFound ? Look::dark : Look::light);
 }
 
 @end
@@ -120,7 +118,7 @@ void flattheme::install() {
                  object:nil];
     [center addObserver:observer
                selector:@selector(windowAppearanceChanged:)
-                   name:@"QVWindowAppearanceDidChangeNotification"
+                   name:QVWindowAppearanceDidChangeNotification
                  object:nil];
     if (state().look == Look::automatic) {
         askDesktop();
