@@ -4,6 +4,8 @@
 #import "MenuKeyboard.h"
 #import "Platform.h"
 
+#include <algorithm>
+
 namespace {
 
 unichar characterOf(NSEvent *event) {
@@ -81,9 +83,24 @@ void sendEvent(id self, SEL command, NSEvent *event) {
 
 platform::Hook<BOOL> stepperAcceptsHook;
 
-// It knows what to do with the arrow keys, but never gets them.
+platform::Hook<void, NSEvent *> stepperKeyDownHook;
+
 BOOL stepperAccepts(id self, SEL) {
     return [self isEnabled];
+}
+
+void stepperKeyDown(id self, SEL command, NSEvent *event) {
+    const unichar key = characterOf(event);
+    const bool up = key == NSUpArrowFunctionKey || key == NSRightArrowFunctionKey;
+    const bool down = key == NSDownArrowFunctionKey || key == NSLeftArrowFunctionKey;
+    if (!up && !down) {
+        stepperKeyDownHook.original(self, command, event);
+        return;
+    }
+    NSStepper *stepper = self;
+    const double value = [stepper doubleValue] + (up ? [stepper increment] : -[stepper increment]);
+    [stepper setDoubleValue:std::clamp(value, [stepper minValue], [stepper maxValue])];
+    [stepper sendAction:[stepper action] to:[stepper target]];
 }
 
 platform::Hook<void, NSEvent *> popUpKeyDownHook;
@@ -116,6 +133,7 @@ void installKeyboardAccess() {
     sendEventHook.install([NSApplication class], @selector(sendEvent:), sendEvent);
     popUpKeyDownHook.install([NSPopUpButton class], @selector(keyDown:), popUpKeyDown);
     stepperAcceptsHook.install([NSStepper class], @selector(acceptsFirstResponder), stepperAccepts);
+    stepperKeyDownHook.install([NSStepper class], @selector(keyDown:), stepperKeyDown);
 }
 
 } // namespace platform
