@@ -5,6 +5,8 @@
 
 #include "XDisplays.h"
 
+#include <cmath>
+
 namespace {
 
 NSInteger screenNumber(NSScreen *screen) {
@@ -22,6 +24,12 @@ std::size_t rankAmongMirrors(NSScreen *screen) {
     return rank;
 }
 
+// A coordinate in whole pixels; one that no X screen can have when the frame is not that of a display.
+int pixels(CGFloat coordinate) {
+    constexpr CGFloat reach = 1 << 20;
+    return std::abs(coordinate) < reach ? static_cast<int>(coordinate) : -static_cast<int>(reach);
+}
+
 } // namespace
 
 @implementation NSScreen (QVLocalizedName)
@@ -29,9 +37,9 @@ std::size_t rankAmongMirrors(NSScreen *screen) {
 - (NSString *)localizedName {
     void *display = [GSCurrentServer() serverDevice];
     const NSRect frame = [self frame];
-    const platform::x11::Rectangle rectangle{static_cast<int>(NSMinX(frame)),
-                                             platform::x11::rootHeight(display) - static_cast<int>(NSMaxY(frame)),
-                                             static_cast<int>(NSWidth(frame)), static_cast<int>(NSHeight(frame))};
+    const platform::x11::Rectangle rectangle{pixels(NSMinX(frame)),
+                                             platform::x11::rootHeight(display) - pixels(NSMaxY(frame)),
+                                             pixels(NSWidth(frame)), pixels(NSHeight(frame))};
     const auto outputs = platform::x11::activeOutputs(display);
     std::size_t rank = rankAmongMirrors(self);
     for (const auto &output : outputs) {
