@@ -78,3 +78,13 @@ std::string note(std::string_view what, std::string_view detail) {
 }
 
 } // namespace samplehost::eventlog
+
+namespace samplehost {
+
+void LogFile::write(std::string_view line) {
+    if (file_.is_open()) {
+        file_ << line << '\n' << std::flush;
+    }
+}
+
+} // namespace samplehost

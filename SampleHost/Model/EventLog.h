@@ -1,6 +1,7 @@
 // The lines of the event log: one JSON object for each message that the application received.
 #pragma once
 
+#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,3 +24,21 @@ std::string slideshow(std::string_view what, std::size_t slide, std::string_view
 std::string note(std::string_view what, std::string_view detail);
 
 } // namespace samplehost::eventlog
+
+namespace samplehost {
+
+/// The file that the lines go to, each at once, so that whoever reads along sees them.
+class LogFile {
+public:
+    /// Writes nowhere.
+    LogFile() = default;
+    /// Appends to the file at `path`.
+    explicit LogFile(const std::string& path) : file_(path, std::ios::app) {}
+
+    void write(std::string_view line);
+
+private:
+    std::ofstream file_;
+};
+
+} // namespace samplehost

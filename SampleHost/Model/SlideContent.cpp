@@ -147,6 +147,7 @@ std::vector<std::vector<std::vector<Run>>> tableRows(const std::vector<Run>& run
                 cell.front().text.erase(0,
                                         std::min(cell.front().text.find_first_not_of(' '), cell.front().text.size()));
                 cell.back().text.erase(cell.back().text.find_last_not_of(' ') + 1);
+                std::erase_if(cell, [](const Run& run) { return run.text.empty(); });
             }
         }
     }

@@ -12,6 +12,9 @@ enum class ShowKey { next, previous, first, last, enter, black, escape };
 /// A slideshow from its first slide to its end. Numbers count from zero.
 class SlideshowState {
 public:
+    /// A show of one slide.
+    SlideshowState() : SlideshowState(1, 0, true) {}
+
     /// Starts on `first` (the last slide when there is no such one). `exitAfterLast`: going on after the last slide
     /// ends the show instead of doing nothing.
     SlideshowState(std::size_t count, std::size_t first, bool exitAfterLast);

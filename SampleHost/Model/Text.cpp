@@ -59,6 +59,16 @@ std::size_t utf8Offset(std::string_view text, std::size_t units) {
     return text.size();
 }
 
+Utf16Offsets::Utf16Offsets(std::string_view text) {
+    offsets_.reserve(text.size() + 1);
+    std::size_t units = 0;
+    for (const char c : text) {
+        offsets_.push_back(units);
+        units += unitsOfByte(static_cast<unsigned char>(c));
+    }
+    offsets_.push_back(units);
+}
+
 std::string caseFolded(std::string_view text) {
     std::string folded(text);
     for (std::size_t i = 0; i < folded.size(); ++i) {

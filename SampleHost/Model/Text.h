@@ -35,6 +35,19 @@ std::size_t utf16Offset(std::string_view text, std::size_t bytes);
 /// How many bytes of `text` make its first `units` UTF-16 units; past the end counts as the end.
 std::size_t utf8Offset(std::string_view text, std::size_t units);
 
+/// The UTF-16 offsets of all bytes of a text, for many conversions of one text.
+class Utf16Offsets {
+public:
+    explicit Utf16Offsets(std::string_view text);
+    /// Past the end counts as the end.
+    std::size_t operator[](std::size_t byte) const {
+        return offsets_[byte < offsets_.size() ? byte : offsets_.size() - 1];
+    }
+
+private:
+    std::vector<std::size_t> offsets_;
+};
+
 /// `text` in lower case, code point by code point of equal encoded length (ASCII, Latin-1, Greek, Cyrillic), so that
 /// offsets stay the same.
 std::string caseFolded(std::string_view text);

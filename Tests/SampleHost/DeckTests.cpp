@@ -107,6 +107,10 @@ TEST(TextTest, ConvertsOffsetsBetweenEncodings) {
     EXPECT_EQ(utf8Offset(text, 5), 10U);
     EXPECT_EQ(utf8Offset(text, 99), text.size());
     EXPECT_EQ(utf16Offset(text, 99), 6U);
+    const Utf16Offsets offsets(text);
+    EXPECT_EQ(offsets[3], 2U);
+    EXPECT_EQ(offsets[text.size()], 6U);
+    EXPECT_EQ(offsets[99], 6U);
 }
 
 TEST(TextTest, FoldsCaseWithoutMovingOffsets) {
