@@ -86,6 +86,9 @@ void populateMenu(NSMenu *menu, const std::vector<MenuItem> &items, id target, S
 @implementation QVAppKitController (MenuPopUp)
 
 - (void)popUpMenu:(const std::vector<MenuItem> &)items sender:(NSView *)sender {
+    if (![sender isKindOfClass:[NSView class]]) {
+        return; // an entry of the toolbar's overflow menu has no place
+    }
     const auto menu = adoptNS([[NSMenu alloc] initWithTitle:@""]);
     populateMenu(menu.get(), items, self, @selector(didTapMenuItem:));
     if ([menu.get() numberOfItems] == 0) {

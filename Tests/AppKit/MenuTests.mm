@@ -183,6 +183,13 @@ TEST_F(Menus, OpensUnderThePressedInsertButton) {
     EXPECT_EQ([popUp.menu.get() numberOfItems], 9);
 }
 
+TEST_F(Menus, ShowNothingForASenderWithoutAPlace) {
+    [controller.get() toolbarInsertMenuActionWithSender:[[[NSMenuItem alloc] init] autorelease]];
+    [controller.get() toolbarInsertMenuActionWithSender:nil];
+    EXPECT_EQ(popUp.count, 0);
+    EXPECT_THAT(host.get()->log, ElementsAre("action 21", "action 21"));
+}
+
 TEST_F(Menus, ReportsTheChosenList) {
     [button(addItem(@"insert")) performClick:nil];
     choose(popUp.menu.get(), @"Numbered List");
