@@ -210,6 +210,14 @@ using namespace appkitglue::ui;
     return [super resignFirstResponder];
 }
 
+- (void)keyDown:(NSEvent *)event {
+    NSString *typed = [event charactersIgnoringModifiers];
+    if ([typed isEqualToString:@"\r"] || [typed isEqualToString:@" "])
+        [self performClick:self];
+    else
+        [super keyDown:event];
+}
+
 - (void)showLabel:(const View &)label layout:(const Layout &)layout context:(const std::string &)context {
     _label = std::make_unique<View>(label);
     _layout = std::make_unique<Layout>(layout);

@@ -16,6 +16,7 @@ struct ViewHost {
     ui::LayoutEnvironment layoutEnvironment = ui::appKitLayoutEnvironment();
     ui::View view{ui::Spacer{}};
     ui::Layout layout;
+    ui::Size laidOutSize;
     RenderedNode root;
     std::vector<NSButton *> buttons;
     std::size_t changes = 0;
@@ -81,8 +82,8 @@ static std::string localizedString(const std::string &key) {
 - (void)updateLayout {
     if (!_host->body)
         return;
-    const NSSize size = [self bounds].size;
-    _host->layout = ui::layOut(_host->view, {size.width, size.height}, _host->layoutEnvironment);
+    _host->laidOutSize = {[self bounds].size.width, [self bounds].size.height};
+    _host->layout = ui::layOut(_host->view, _host->laidOutSize, _host->layoutEnvironment);
     ViewReconciler reconciler(self, _host->environment);
     reconciler.update(_host->root, _host->view, _host->layout);
     _host->changes += reconciler.changes();
@@ -104,9 +105,19 @@ static std::string localizedString(const std::string &key) {
 }
 
 - (void)setFrameSize:(NSSize)size {
-    const bool changed = !NSEqualSizes(size, [self frame].size);
     [super setFrameSize:size];
-    if (changed)
+    [self followSize];
+}
+
+// Some AppKits do not set the size through setFrameSize:.
+- (void)setFrame:(NSRect)frame {
+    [super setFrame:frame];
+    [self followSize];
+}
+
+- (void)followSize {
+    const NSSize size = [self bounds].size;
+    if (_host && !(_host->laidOutSize == ui::Size{size.width, size.height}))
         [self updateLayout];
 }
 
