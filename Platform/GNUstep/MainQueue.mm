@@ -6,6 +6,9 @@
 #include <mutex>
 #include <utility>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace {
 
 struct MainQueue {
@@ -14,7 +17,7 @@ struct MainQueue {
 };
 
 MainQueue &mainQueue() {
-    static MainQueue queue;
+    [[clang::no_destroy]] static MainQueue queue; // other threads may still use it while the process ends
     return queue;
 }
 
@@ -27,11 +30,59 @@ NSArray *allModes() {
 
 } // namespace
 
+// An event that work posts, or a modal panel that it stops, is noticed only when the run loop returns to the event
+// loop, which timers do not make it do. A byte in a pipe that the run loop watches does.
+@interface QVRunLoopWaker : NSObject <RunLoopEvents> {
+    int _reading;
+    int _writing;
+}
++ (QVRunLoopWaker *)sharedWaker;
+- (void)wake;
+@end
+
+@implementation QVRunLoopWaker
+
++ (QVRunLoopWaker *)sharedWaker {
+    static QVRunLoopWaker *waker = [[QVRunLoopWaker alloc] init];
+    return waker;
+}
+
+- (instancetype)init {
+    if ((self = [super init]) != nil) {
+        int ends[2] = {-1, -1};
+        if (pipe2(ends, O_NONBLOCK | O_CLOEXEC) == 0) {
+            _reading = ends[0];
+            _writing = ends[1];
+            for (NSString *mode in allModes()) {
+                [[NSRunLoop currentRunLoop] addEvent:reinterpret_cast<void *>(static_cast<intptr_t>(_reading))
+                                                type:ET_RDESC
+                                             watcher:self
+                                             forMode:mode];
+            }
+        }
+    }
+    return self;
+}
+
+- (void)wake {
+    const char byte = 0;
+    [[maybe_unused]] const ssize_t written = write(_writing, &byte, 1); // a full pipe wakes as well
+}
+
+- (void)receivedEvent:(void *)data type:(RunLoopEventType)type extra:(void *)extra forMode:(NSString *)mode {
+    char bytes[64];
+    while (read(_reading, bytes, sizeof bytes) > 0) {
+    }
+}
+
+@end
+
 @interface QVMainQueueWorker : NSObject {
     std::function<void()> _work;
 }
 - (instancetype)initWithWork:(std::function<void()>)work;
-+ (void)runPendingWork;
++ (void)runNextWork;
++ (void)askForTurn;
 - (void)timerFired:(NSTimer *)timer;
 @end
 
@@ -44,22 +95,40 @@ NSArray *allModes() {
     return self;
 }
 
-+ (void)runPendingWork {
-    std::deque<std::function<void()>> pending;
+// Runs one piece of work; each call of async asks for one such turn. While more is waiting, another turn is asked for
+// before the work runs: should it start a loop of its own (a modal panel), or raise an exception, the rest is run all
+// the same.
++ (void)runNextWork {
+    std::function<void()> work;
+    bool more = false;
     {
         const std::lock_guard guard(mainQueue().mutex);
-        pending.swap(mainQueue().work);
-    }
-    for (const auto &work : pending) {
-        @autoreleasepool {
-            work();
+        auto &waiting = mainQueue().work;
+        if (waiting.empty()) {
+            return;
         }
+        work = std::move(waiting.front());
+        waiting.pop_front();
+        more = !waiting.empty();
     }
+    if (more) {
+        [self askForTurn];
+    }
+    @autoreleasepool {
+        work();
+        work = nullptr;
+    }
+    [[QVRunLoopWaker sharedWaker] wake];
+}
+
++ (void)askForTurn {
+    [self performSelectorOnMainThread:@selector(runNextWork) withObject:nil waitUntilDone:NO modes:allModes()];
 }
 
 - (void)timerFired:(NSTimer *)timer {
     const auto work = std::exchange(_work, nullptr);
     work();
+    [[QVRunLoopWaker sharedWaker] wake];
 }
 
 @end
@@ -71,16 +140,16 @@ void async(std::function<void()> work) {
         const std::lock_guard guard(mainQueue().mutex);
         mainQueue().work.push_back(std::move(work));
     }
-    [QVMainQueueWorker performSelectorOnMainThread:@selector(runPendingWork)
-                                        withObject:nil
-                                     waitUntilDone:NO
-                                             modes:allModes()];
+    @autoreleasepool { // the thread may have no pool
+        [QVMainQueueWorker askForTurn];
+    }
 }
 
 void asyncAfter(double seconds, std::function<void()> work) {
-    NSDate *date = [NSDate dateWithTimeIntervalSinceNow:seconds];
-    auto schedule = [date = [date retain], work = std::move(work)]() mutable {
+    const double time = [NSDate timeIntervalSinceReferenceDate] + seconds;
+    auto schedule = [time, work = std::move(work)]() mutable {
         QVMainQueueWorker *worker = [[QVMainQueueWorker alloc] initWithWork:std::move(work)];
+        NSDate *date = [[NSDate alloc] initWithTimeIntervalSinceReferenceDate:time];
         NSTimer *timer = [[NSTimer alloc] initWithFireDate:date
                                                   interval:0
                                                     target:worker

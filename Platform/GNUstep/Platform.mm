@@ -1,6 +1,8 @@
 // Installs the hooks of the completions, once.
 #import "Platform.h"
 
+#include "HardwareModel.h"
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -29,13 +31,20 @@ void prepareAppKit() {
 
 std::optional<std::string> hardwareModel() {
     // The firmware's product name; a device tree's model where there is no such firmware.
-    for (const char *path : {"/sys/devices/virtual/dmi/id/product_name", "/proc/device-tree/model"}) {
+    return firstModelName({"/sys/devices/virtual/dmi/id/product_name", "/proc/device-tree/model"});
+}
+
+std::optional<std::string> firstModelName(std::initializer_list<std::string> paths) {
+    for (const std::string &path : paths) {
         std::ifstream file(path, std::ios::binary);
         std::string name{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
         name.erase(std::find_if(name.begin(), name.end(), [](char c) { return c == '\0' || c == '\n'; }), name.end());
-        if (!name.empty() && [NSString stringWithUTF8String:name.c_str()] != nil) {
-            return name;
+        if (name.empty()) {
+            continue;
         }
+        NSString *text = [[NSString alloc] initWithBytes:name.data() length:name.size() encoding:NSUTF8StringEncoding];
+        [text release];
+        return text != nil ? std::optional(std::move(name)) : std::nullopt;
     }
     return std::nullopt;
 }
