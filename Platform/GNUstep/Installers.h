@@ -4,11 +4,13 @@
 // One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
 // namespace platform. Completions that only add classes or methods need no line.
 QV_INSTALL(installAlphaDrawing)
+QV_INSTALL(installContentViewControllers)
 QV_INSTALL(installFontManagerTargetHook)
 QV_INSTALL(installHTMLImport)
 QV_INSTALL(installImplicitAnimation)
 QV_INSTALL(installKeyViews)
 QV_INSTALL(installKeyboardAccess)
+QV_INSTALL(installLayers)
 QV_INSTALL(installOpenURLHook)
 QV_INSTALL(installPlaceholderDecoding)
 QV_INSTALL(installToolbarDefaultItems)

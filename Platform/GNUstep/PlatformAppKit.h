@@ -3,6 +3,7 @@
 #pragma once
 
 #import "Animator.h"
+#import "CALayer.h"
 #import "CAMediaTimingFunction.h"
 #import "ModernNames.h"
 #import "NSAnimationContext+Groups.h"
@@ -21,6 +22,8 @@
 #import "NSView+FullScreen.h"
 #import "NSView+TrackingAreas.h"
 #import "NSViewController+Appearance.h"
+#import "NSViewController+Loading.h"
+#import "NSWindow+ContentViewController.h"
 #import "NSWindow+FullScreen.h"
 #import "NSWindow+RepresentedURL.h"
 #import "NSWindow+TabOverview.h"

@@ -34,6 +34,17 @@ TEST(ViewAlpha, KeepsValuesBetweenZeroAndOne) {
     EXPECT_EQ([view alphaValue], 0);
 }
 
+TEST(ViewAlpha, IsOneForViewsFromAnArchive) {
+    Canvas canvas;
+    NSView *original = [[[NSView alloc] initWithFrame:NSMakeRect(10, 10, 60, 60)] autorelease];
+    NSData *archive = [NSKeyedArchiver archivedDataWithRootObject:original];
+    NSView *parent = [NSKeyedUnarchiver unarchiveObjectWithData:archive];
+    EXPECT_EQ([parent alphaValue], 1);
+    [canvas.background addSubview:parent];
+    NSView *child = test::addView(parent, NSMakeRect(0, 0, 60, 60), test::red);
+    EXPECT_EQ(canvas.at(child, NSMakePoint(30, 30)), test::red);
+}
+
 TEST(ViewAlpha, MultipliesThroughNestedViews) {
     Canvas canvas;
     NSView *parent = test::addEmptyView(canvas.background, NSMakeRect(10, 100, 100, 100), 0.5);

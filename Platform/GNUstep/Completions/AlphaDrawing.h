@@ -5,9 +5,6 @@
 
 namespace platform::alpha {
 
-/// Says that some view may be translucent from now on. Until the first call the installed hooks cost one test each.
-void expectTranslucentViews();
-
 /// Has the view and what it covers drawn again.
 void redraw(NSView* view);
 

@@ -29,13 +29,13 @@ struct Hooks {
     Hook<void, BOOL> unlockFocus;
     Hook<void, NSRect, NSSize> scroll;
     Hook<void, CGFloat> setAlpha;
+    Hook<CGFloat> alphaValue;
     Hook<NSInteger> graphicsState;
 };
 
 constexpr double nothing = 0.0001;
 
 Hooks hooks;
-bool anyTranslucent = false;
 int displaysUnderWay = 0;
 // While a picture is taken, drawing in this window goes to another graphics state.
 NSWindow *redirectedWindow = nil;
@@ -71,7 +71,7 @@ private:
 
 double opacityOf(NSView *view) {
     const Transition *transition = transitionOf(view);
-    return [view alphaValue] * (transition != nullptr ? transition->opacity : 1);
+    return transition != nullptr ? transition->alpha * transition->opacity : 1;
 }
 
 CrossFade *crossFadeOf(NSView *view) {
@@ -85,7 +85,7 @@ bool isTranslucent(NSView *view) {
 
 NSView *outermostTranslucent(NSView *view) {
     NSView *outermost = nil;
-    if (anyTranslucent) {
+    if (anyTransition()) {
         for (; view != nil; view = [view superview]) {
             if (isTranslucent(view)) {
                 outermost = view;
@@ -158,7 +158,7 @@ void display(id self, SEL command, NSRect rect, NSGraphicsContext *context) {
     NSWindow *window = [self window];
     // Printing and the like draw in a context of their own, where nothing can be read back.
     const bool elsewhere = context != nil && context != [window graphicsContext];
-    if (!anyTranslucent || window == nil || elsewhere || !isTranslucent(self) || ![self canDraw]) {
+    if (!anyTransition() || window == nil || elsewhere || !isTranslucent(self) || ![self canDraw]) {
         hooks.display.original(self, command, rect, context);
         return;
     }
@@ -171,7 +171,7 @@ void display(id self, SEL command, NSRect rect, NSGraphicsContext *context) {
 // Drawing with the focus locked outside of display (pressed buttons, carets) knows no alpha: it is drawn again.
 void unlockFocus(id self, SEL command, BOOL flush) {
     hooks.unlockFocus.original(self, command, flush);
-    if (anyTranslucent && flush && displaysUnderWay == 0 && outermostTranslucent(self) != nil) {
+    if (anyTransition() && flush && displaysUnderWay == 0 && outermostTranslucent(self) != nil) {
         [self setNeedsDisplay:YES];
     }
 }
@@ -230,10 +230,14 @@ void scroll(id self, SEL command, NSRect rect, NSSize distance) {
 void storeAlpha(id self, SEL command, CGFloat alpha) {
     const double value = std::clamp<double>(alpha, 0, 1);
     if (value != [self alphaValue]) {
-        anyTranslucent = anyTranslucent || value < 1;
         hooks.setAlpha.original(self, command, value);
-        redraw(self);
+        setAlpha(self, value);
     }
+}
+
+CGFloat alphaValue(id self, SEL /*command*/) {
+    const Transition *transition = transitionOf(self);
+    return transition != nullptr ? transition->alpha : 1;
 }
 
 NSInteger graphicsState(id self, SEL command) {
@@ -264,10 +268,6 @@ private:
 
 } // namespace
 
-void expectTranslucentViews() {
-    anyTranslucent = true;
-}
-
 void redraw(NSView *view) {
     // A pixel more on each side: moving views leave half covered pixels behind.
     [[view superview] setNeedsDisplayInRect:NSIntegralRect(NSInsetRect([view frame], -1, -1))];
@@ -296,6 +296,7 @@ void installAlphaDrawing() {
     using namespace alpha;
     Class view = [NSView class];
     hooks.opaqueAncestor.install(view, @selector(opaqueAncestor), &opaqueAncestor);
+    hooks.alphaValue.install(view, @selector(alphaValue), &alphaValue);
     hooks.setAlpha.install(view, @selector(setAlphaValue:), &storeAlpha);
     hooks.unlockFocus.install(view, @selector(unlockFocusNeedsFlush:), &unlockFocus);
     hooks.displayRect.install(view, @selector(displayRect:), &displayRect);

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace platform::animation {
@@ -32,6 +33,8 @@ public:
 
     /// Whether the values being set now come from an animation.
     [[nodiscard]] bool isMoving() const { return moving_; }
+    /// Says so for setters that are to act at once. Returns what was said before.
+    bool setMoving(bool moving) { return std::exchange(moving_, moving); }
 
     /// Moves everything to where it is to be now. The clock calls it.
     void tick();

@@ -14,15 +14,22 @@ struct CrossFade {
 };
 
 struct Transition {
-    double opacity = 1; ///< Multiplies the view's alpha value.
+    double alpha = 1;   ///< The view's alpha value.
+    double opacity = 1; ///< Multiplies it while the view fades.
     CrossFade crossFade;
 };
 
-/// The view's transition, or null. The pointer holds until the next call that begins or ends one.
+/// Whether any view is not simply opaque.
+bool anyTransition();
+
+/// The view's transition, or null for a view that is simply opaque. The pointer holds until the next call that begins or ends one.
 Transition *transitionOf(NSView *view);
 
 /// The view's transition, a new one without effect when it has none.
 Transition &beginTransition(NSView *view);
+
+/// Sets the view's alpha value and has the view drawn again.
+void setAlpha(NSView *view, double alpha);
 
 /// End the view's fade or cross-fade, if any, and have the view drawn again.
 void endFade(NSView *view);

@@ -1,4 +1,4 @@
-// What a running fade or cross-fade adds to the look of a view.
+// How translucent views are.
 #import "ViewTransitions.h"
 
 #import "AlphaDrawing.h"
@@ -20,13 +20,17 @@ Table &table() {
 
 void dropWithoutEffect(NSView *view) {
     const auto found = table().find(view);
-    if (found->second.opacity >= 1 && found->second.crossFade.oldPicture.isEmpty()) {
+    if (found->second.alpha >= 1 && found->second.opacity >= 1 && found->second.crossFade.oldPicture.isEmpty()) {
         table().erase(found);
     }
     redraw(view);
 }
 
 } // namespace
+
+bool anyTransition() {
+    return !table().empty();
+}
 
 Transition *transitionOf(NSView *view) {
     if (table().empty()) {
@@ -37,8 +41,12 @@ Transition *transitionOf(NSView *view) {
 }
 
 Transition &beginTransition(NSView *view) {
-    expectTranslucentViews();
     return table()[view];
+}
+
+void setAlpha(NSView *view, double alpha) {
+    beginTransition(view).alpha = alpha;
+    dropWithoutEffect(view);
 }
 
 void endFade(NSView *view) {
