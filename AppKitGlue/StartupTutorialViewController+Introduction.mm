@@ -24,16 +24,16 @@ constexpr double headlineScale = 0.7;
     [required([self nextActionButton]) setEnabled:NO];
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext *context) {
-          [context setDuration:headlineTime];
-          [context setAllowsImplicitAnimation:YES];
-          const auto scaled = CGAffineTransformScale(CGAffineTransformIdentity, headlineScale, headlineScale);
-          [[[required([self headlinesContainer]) animator] layer]
-              setAffineTransform:CGAffineTransformTranslate(scaled, -10, 130)];
-          [[required([self bluebar]) animator] setAlphaValue:1];
+            [context setDuration:headlineTime];
+            [context setAllowsImplicitAnimation:YES];
+            const auto scaled = CGAffineTransformScale(CGAffineTransformIdentity, headlineScale, headlineScale);
+            [[[required([self headlinesContainer]) animator] layer]
+                setAffineTransform:CGAffineTransformTranslate(scaled, -10, 130)];
+            [[required([self bluebar]) animator] setAlphaValue:1];
         }
         completionHandler:^{
-          [self slideInDrawing:[self] { [required([self nextActionButton]) setEnabled:YES]; }];
-          [self setCurrentStep:Steps([self currentStep]).advanced()];
+            [self slideInDrawing:[self] { [required([self nextActionButton]) setEnabled:YES]; }];
+            [self setCurrentStep:Steps([self currentStep]).advanced()];
         }];
 }
 
@@ -45,11 +45,11 @@ constexpr double headlineScale = 0.7;
     [box addSubview:drawing];
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext *context) {
-          [context setDuration:slideTime];
-          [[drawing animator] setFrame:bounds];
+            [context setDuration:slideTime];
+            [[drawing animator] setFrame:bounds];
         }
         completionHandler:^{
-          [self revealDrawingLabels:completion];
+            [self revealDrawingLabels:completion];
         }];
 }
 
@@ -68,7 +68,7 @@ constexpr double headlineScale = 0.7;
     if ([views count] == 0) {
         [self setCurrentStep:Steps::tm1];
         [self setCurrentView:required([self contentBoxEmpty])];
-        [[[self pager] animator] setAlphaValue:1];
+        [[required([self pagerStackView]) animator] setAlphaValue:1];
         completion();
         return;
     }
@@ -77,13 +77,12 @@ constexpr double headlineScale = 0.7;
     [label setHidden:NO];
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext *context) {
-          [context setDuration:labelTime];
-          [context setAllowsImplicitAnimation:YES];
-          [label setAlphaValue:1];
+            [context setDuration:labelTime];
+            [context setAllowsImplicitAnimation:YES];
+            [label setAlphaValue:1];
         }
         completionHandler:^{
-          [self fadeInSequentially:[views subarrayWithRange:NSMakeRange(1, [views count] - 1)]
-                        completion:completion];
+            [self fadeInSequentially:[views subarrayWithRange:NSMakeRange(1, [views count] - 1)] completion:completion];
         }];
 }
 

@@ -11,8 +11,7 @@
 namespace appkitglue {
 
 /// An outlet that the nib must have connected: otherwise the process ends, naming the line that needed it.
-template <typename View>
-View *required(View *outlet, std::source_location where = std::source_location::current()) {
+template <typename View> View *required(View *outlet, std::source_location where = std::source_location::current()) {
     if (outlet == nil) {
         fatalError("StartupTutorialViewController", static_cast<int>(where.line()), "");
     }
@@ -25,8 +24,6 @@ View *required(View *outlet, std::source_location where = std::source_location::
 
 /// Changes the text under the content box, out and in again.
 - (void)swapDescription:(NSString *)text;
-/// `pagerStackView` as the view that it is.
-- (NSView *)pager;
 
 @end
 

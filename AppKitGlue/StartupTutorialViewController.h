@@ -6,8 +6,6 @@
 #include "RetainPtr.h"
 #include "Steps.h"
 
-@class NSStackView;
-
 /// Controls the tutorial's content view and is its window's delegate. Everything belongs to the main thread.
 ///
 /// All outlets come from the nib and are required: the process ends when one is needed and missing. An open tutorial

@@ -60,11 +60,30 @@ NSImage *imageNamed(NSString *name) {
 
 - (void)dealloc {
     for (NSString *outlet in @[
-             @"containerView", @"headline", @"subline", @"descriptionField", @"nextActionButton", @"exitActionButton",
-             @"bluebar", @"headlinesContainer", @"contentBoxEmpty", @"contentBoxDrawing", @"contentBoxTm2",
-             @"contentBoxTm3", @"contentBoxTm4", @"contentBoxTm5", @"contentBoxTm6", @"contentBoxTm7", @"currentView",
-             @"pagerStackView", @"pagerButton1", @"pagerButton2", @"pagerButton3", @"pagerButton4",
-             @"buttonSampleDocument", @"buttonFinish"
+             @"containerView",
+             @"headline",
+             @"subline",
+             @"descriptionField",
+             @"nextActionButton",
+             @"exitActionButton",
+             @"bluebar",
+             @"headlinesContainer",
+             @"contentBoxEmpty",
+             @"contentBoxDrawing",
+             @"contentBoxTm2",
+             @"contentBoxTm3",
+             @"contentBoxTm4",
+             @"contentBoxTm5",
+             @"contentBoxTm6",
+             @"contentBoxTm7",
+             @"currentView",
+             @"pagerStackView",
+             @"pagerButton1",
+             @"pagerButton2",
+             @"pagerButton3",
+             @"pagerButton4",
+             @"buttonSampleDocument",
+             @"buttonFinish"
          ]) {
         [self setValue:nil forKey:outlet];
     }
@@ -77,16 +96,12 @@ NSImage *imageNamed(NSString *name) {
     [required(_containerView) addSubview:required(_contentBoxEmpty)];
     [_contentBoxEmpty setFrame:[_containerView bounds]];
     [required(_bluebar) setAlphaValue:0];
-    [[self pager] setAlphaValue:0];
+    [required(_pagerStackView) setAlphaValue:0];
     platform::asyncAfter(introductionDelay, [self_ = retainPtr(self)] { [self_.get() startIntro]; });
     [required(_buttonSampleDocument) setHidden:NO];
     [required(_buttonFinish) setHidden:NO];
     // The window controller may be released while the tutorial is open.
     _openWindow = retainPtr([[self view] window]);
-}
-
-- (NSView *)pager {
-    return required(reinterpret_cast<NSView *>(_pagerStackView));
 }
 
 // MARK: Actions
@@ -125,7 +140,7 @@ NSImage *imageNamed(NSString *name) {
     }
     if (target == Steps::tm4) {
         [required(_nextActionButton) setHidden:YES];
-        [[self pager] setHidden:YES];
+        [required(_pagerStackView) setHidden:YES];
         [required(_buttonSampleDocument) setHidden:NO];
         [required(_buttonFinish) setHidden:NO];
     }
@@ -162,34 +177,34 @@ NSImage *imageNamed(NSString *name) {
     NSButton *pagerButton = content.pagerButton;
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext *context) {
-          [context setDuration:pageSwapTime];
-          [context setAllowsImplicitAnimation:YES];
-          [[required(_containerView) animator] replaceSubview:_currentView with:box];
+            [context setDuration:pageSwapTime];
+            [context setAllowsImplicitAnimation:YES];
+            [[required(_containerView) animator] replaceSubview:_currentView with:box];
         }
         completionHandler:^{
-          [self setCurrentView:box];
-          _currentStep = step;
-          [self setPagerEnabled:YES selected:pagerButton];
-          [required(_nextActionButton) setEnabled:YES];
+            [self setCurrentView:box];
+            _currentStep = step;
+            [self setPagerEnabled:YES selected:pagerButton];
+            [required(_nextActionButton) setEnabled:YES];
         }];
 }
 
 - (void)swapDescription:(NSString *)text {
     [self fadeDescriptionTo:0
                  completion:^{
-                   [required(_descriptionField) setStringValue:text];
-                   [self fadeDescriptionTo:1
-                                completion:^{
-                                }];
+                     [required(_descriptionField) setStringValue:text];
+                     [self fadeDescriptionTo:1
+                                  completion:^{
+                                  }];
                  }];
 }
 
 - (void)fadeDescriptionTo:(CGFloat)alpha completion:(void (^)(void))completion {
     [NSAnimationContext
         runAnimationGroup:^(NSAnimationContext *context) {
-          [context setDuration:descriptionFadeTime];
-          [context setAllowsImplicitAnimation:YES];
-          [required(_descriptionField) setAlphaValue:alpha];
+            [context setDuration:descriptionFadeTime];
+            [context setAllowsImplicitAnimation:YES];
+            [required(_descriptionField) setAlphaValue:alpha];
         }
         completionHandler:completion];
 }

@@ -15,9 +15,15 @@ void drawMarkdown(NSRect rect) {
         BOOL heading;
     };
     static const Line lines[] = {
-        {@"# Quarterly Review", YES}, {@"A clear story in six slides", NO}, {@"", NO},
-        {@"## Highlights", YES},      {@"- Revenue up by 12 %", NO},        {@"- Two new markets", NO},
-        {@"- Faster onboarding", NO}, {@"", NO},                            {@"![Growth](growth.png)", NO},
+        {@"# Quarterly Review", YES},
+        {@"A clear story in six slides", NO},
+        {@"", NO},
+        {@"## Highlights", YES},
+        {@"- Revenue up by 12 %", NO},
+        {@"- Two new markets", NO},
+        {@"- Faster onboarding", NO},
+        {@"", NO},
+        {@"![Growth](growth.png)", NO},
     };
     CGFloat y = NSMaxY(rect) - 26;
     for (const Line &line : lines) {
@@ -98,10 +104,14 @@ void drawHandles(NSRect rect) {
 // Image views, not images drawn: AppKit gives symbols in them the colour of the text.
 - (void)awakeFromNib {
     NSString *const items[][2] = {
-        {@"plus", @"Add Slide"},         {@"photo", @"Media"},
-        {@"square.on.circle", @"Insert"}, {@"paintbrush", @"Inspector"},
-        {@"rectangle.grid.2x2", @"Arrange"}, {@"play.circle", @"Play"},
-        {@"paintpalette.fill", @"Themes"},   {@"gear", @"Overrides"},
+        {@"plus", @"Add Slide"},
+        {@"photo", @"Media"},
+        {@"square.on.circle", @"Insert"},
+        {@"paintbrush", @"Inspector"},
+        {@"rectangle.grid.2x2", @"Arrange"},
+        {@"play.circle", @"Play"},
+        {@"paintpalette.fill", @"Themes"},
+        {@"gear", @"Overrides"},
     };
     CGFloat x = 30;
     for (const auto &[symbol, title] : items) {
@@ -178,8 +188,8 @@ void drawHandles(NSRect rect) {
         }
         const int slide = i < 5 ? i : i - 1;
         drawSlide(NSMakeRect(x, y, width, height), titles[slide], 2);
-        drawCentredText([NSString stringWithFormat:@"%d", i + 1], NSMakeRect(x, y - 20, width, 16), 11,
-                        Weight::regular, [NSColor secondaryLabelColor]);
+        drawCentredText([NSString stringWithFormat:@"%d", i + 1], NSMakeRect(x, y - 20, width, 16), 11, Weight::regular,
+                        [NSColor secondaryLabelColor]);
     }
     const NSRect lifted = NSMakeRect(content.origin.x + 30 + width + 22 + 16, content.origin.y + 44, width, height);
     drawPanel(NSOffsetRect(lifted, 4, -4), 4, faint([NSColor blackColor], 0.25), nil);

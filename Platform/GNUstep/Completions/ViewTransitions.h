@@ -22,7 +22,8 @@ struct Transition {
 /// Whether any view is not simply opaque.
 bool anyTransition();
 
-/// The view's transition, or null for a view that is simply opaque. The pointer holds until the next call that begins or ends one.
+/// The view's transition, or null for a view that is simply opaque. The pointer holds until the next call that begins
+/// or ends one.
 Transition *transitionOf(NSView *view);
 
 /// The view's transition, a new one without effect when it has none.
