@@ -87,7 +87,6 @@ using namespace samplehost;
     [_window.get() makeFirstResponder:_editor];
     layOutSplit(_split);
     [_list fit];
-    [_list scrollToTop];
     [self goToSlide:0];
 }
 

@@ -78,10 +78,15 @@ constexpr double controlHeight = 26;
 }
 
 - (void)addNote:(NSString *)text {
-    NSTextField *label = labelWith(text, NSZeroRect, [NSFont systemFontOfSize:11]);
+    NSFont *font = [NSFont systemFontOfSize:11];
+    NSTextField *label = labelWith(text, NSZeroRect, font);
     [[label cell] setWraps:YES];
-    const NSSize size = [[label cell] cellSizeForBounds:NSMakeRect(0, 0, [self contentWidth], 1000)];
-    [self addView:label height:std::ceil(size.height) + 2];
+    const auto styled = own([[NSAttributedString alloc] initWithString:text
+                                                            attributes:@{NSFontAttributeName : font}]);
+    // A cell's own margins leave the text a little less than the width.
+    const NSRect bounds = [styled.get() boundingRectWithSize:NSMakeSize([self contentWidth] - 8, 1000)
+                                                     options:NSStringDrawingUsesLineFragmentOrigin];
+    [self addView:label height:std::ceil(NSHeight(bounds)) + 6];
 }
 
 - (NSRect)addLabel:(NSString *)text {

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-/// Lies in a scroll view, whose width it takes. Not flipped; its frame is at least as high as the visible part.
+/// Lies in a scroll view, whose width it takes. Flipped; its frame is at least as high as the visible part.
 @interface SHSlideListView : NSView {
     std::vector<samplehost::ShownSlide> _slides;
     std::vector<std::size_t> _visible;
@@ -39,7 +39,6 @@
 - (void)select:(std::size_t)slide;
 /// Adapts the frame to the scroll view's size.
 - (void)fit;
-- (void)scrollToTop;
 
 /// A slide was clicked; a slide was double-clicked or opened with Return; a slide was dropped at another place.
 - (void)setSelectHandler:(std::function<void(std::size_t)>)handler;

@@ -38,6 +38,10 @@ std::string pictureKey(const ShownSlide &shown, double width) {
     return self;
 }
 
+- (BOOL)isFlipped {
+    return YES;
+}
+
 - (void)setGrid:(bool)grid {
     _grid = grid;
 }
@@ -103,8 +107,8 @@ std::string pictureKey(const ShownSlide &shown, double width) {
     const double height = [self pictureHeight] + captionHeight;
     const auto row = static_cast<double>(place / [self columns]);
     const auto column = static_cast<double>(place % [self columns]);
-    return NSMakeRect(gap + column * ([self pictureWidth] + gap), NSHeight([self bounds]) - (row + 1) * (height + gap),
-                      [self pictureWidth], height);
+    return NSMakeRect(gap + column * ([self pictureWidth] + gap), gap + row * (height + gap), [self pictureWidth],
+                      height);
 }
 
 - (void)fit {
@@ -118,20 +122,10 @@ std::string pictureKey(const ShownSlide &shown, double width) {
     }
     const auto rows = (_visible.size() + [self columns] - 1) / [self columns];
     const double wanted = static_cast<double>(rows) * ([self pictureHeight] + captionHeight + gap) + gap;
-    const double fromTop = NSHeight([self frame]) - NSMaxY([clip bounds]);
     const double height = std::max(wanted, visible.height);
     if (std::abs(height - NSHeight([self frame])) > 0.5) {
         [super setFrameSize:NSMakeSize(visible.width, height)];
-        const double y = std::clamp(height - visible.height - fromTop, 0.0, height - visible.height);
-        [clip scrollToPoint:NSMakePoint(0, y)];
-        [[self enclosingScrollView] reflectScrolledClipView:clip];
     }
-}
-
-- (void)scrollToTop {
-    NSClipView *clip = [[self enclosingScrollView] contentView];
-    [clip scrollToPoint:NSMakePoint(0, NSHeight([self frame]) - NSHeight([clip bounds]))];
-    [[self enclosingScrollView] reflectScrolledClipView:clip];
 }
 
 - (void)resizeWithOldSuperviewSize:(NSSize)size {
@@ -168,7 +162,8 @@ std::string pictureKey(const ShownSlide &shown, double width) {
         NSParagraphStyleAttributeName : paragraph
     };
     const auto caption = std::to_string(slide + 1) + "  " + _slides[slide].slide.title;
-    [toNSString(caption) drawInRect:NSMakeRect(NSMinX(frame), NSMinY(frame), NSWidth(frame), captionHeight - 3)
+    [toNSString(caption) drawInRect:NSMakeRect(NSMinX(frame), NSMaxY(frame) - captionHeight + 3, NSWidth(frame),
+                                               captionHeight - 3)
                      withAttributes:attributes];
 }
 
@@ -176,7 +171,7 @@ std::string pictureKey(const ShownSlide &shown, double width) {
     const auto slide = _visible[place];
     const NSRect frame = [self frameOfPlace:place];
     const NSRect picture =
-        NSMakeRect(NSMinX(frame), NSMinY(frame) + captionHeight, NSWidth(frame), NSHeight(frame) - captionHeight);
+        NSMakeRect(NSMinX(frame), NSMinY(frame), NSWidth(frame), NSHeight(frame) - captionHeight);
     const bool found = _highlighted.contains(slide);
     if (slide == _selected || found) {
         [found ? toNSColor(0xE8A317) : [NSColor selectedControlColor] set];
@@ -186,7 +181,9 @@ std::string pictureKey(const ShownSlide &shown, double width) {
     [[self pictureOf:slide] drawInRect:picture
                               fromRect:NSZeroRect
                              operation:NSCompositeSourceOver
-                              fraction:_dragging && place == _dragged ? 0.4 : 1];
+                              fraction:_dragging && place == _dragged ? 0.4 : 1
+                        respectFlipped:YES
+                                 hints:nil];
     [[NSColor colorWithCalibratedWhite:0.5 alpha:0.45] set];
     NSFrameRect(picture);
     [self drawCaptionOf:slide in:frame];
@@ -195,7 +192,7 @@ std::string pictureKey(const ShownSlide &shown, double width) {
 - (void)drawDropMark {
     const NSRect frame = [self frameOfPlace:std::min(_dropAt, _visible.size() - 1)];
     const double x = _dropAt > _dragged ? NSMaxX(frame) + gap / 2 : NSMinX(frame) - gap / 2;
-    const double y = _dropAt > _dragged ? NSMinY(frame) - gap / 2 : NSMaxY(frame) + gap / 2;
+    const double y = _dropAt > _dragged ? NSMaxY(frame) + gap / 2 : NSMinY(frame) - gap / 2;
     [toNSColor(0x2F6FDE) set];
     NSRectFill(_grid ? NSMakeRect(x - 2, NSMinY(frame), 4, NSHeight(frame))
                      : NSMakeRect(NSMinX(frame), y - 2, NSWidth(frame), 4));
@@ -214,7 +211,7 @@ std::string pictureKey(const ShownSlide &shown, double width) {
             NSFontAttributeName : [NSFont systemFontOfSize:12],
             NSForegroundColorAttributeName : [NSColor controlTextColor]
         };
-        [@"No slide found" drawAtPoint:NSMakePoint(gap, NSHeight([self bounds]) - 40) withAttributes:attributes];
+        [@"No slide found" drawAtPoint:NSMakePoint(gap, gap) withAttributes:attributes];
     }
     if (_dragging && _dropAt != nowhere && _dropAt != _dragged) {
         [self drawDropMark];
