@@ -50,6 +50,7 @@ NSView *buildPreviewColumn(NSRect frame, DocumentViews &views) {
     NSScrollView *scroll =
         [[[NSScrollView alloc] initWithFrame:NSMakeRect(12, 12, width - 24, notesHeight - 42)] autorelease];
     [scroll setHasVerticalScroller:YES];
+    [scroll setAutohidesScrollers:YES];
     [scroll setBorderType:NSLineBorder];
     [scroll setAutoresizingMask:NSViewWidthSizable | NSViewMaxYMargin];
     views.notes = notesView(scroll);

@@ -254,7 +254,6 @@ std::optional<std::string> typedIn(NSTextField *field) {
     [[buttons objectAtIndex:1] setTitle:toNSString("From Slide " + std::to_string([_document currentSlide] + 1))];
     [self wire:[buttons objectAtIndex:0] to:[self] { [self playFrom:0]; }];
     [self wire:[buttons objectAtIndex:1] to:[self] { [self playFrom:[_document currentSlide]]; }];
-    [[buttons objectAtIndex:0] setKeyEquivalent:@"\r"];
     const Settings &settings = [[_application settings] settings];
     NSButton *presenter = [self addCheckBox:@"Presenter view on a second display" on:settings.presenterActive];
     [self wire:presenter

@@ -81,8 +81,7 @@ constexpr double controlHeight = 26;
     NSFont *font = [NSFont systemFontOfSize:11];
     NSTextField *label = labelWith(text, NSZeroRect, font);
     [[label cell] setWraps:YES];
-    const auto styled = own([[NSAttributedString alloc] initWithString:text
-                                                            attributes:@{NSFontAttributeName : font}]);
+    const auto styled = own([[NSAttributedString alloc] initWithString:text attributes:@{NSFontAttributeName : font}]);
     // A cell's own margins leave the text a little less than the width.
     const NSRect bounds = [styled.get() boundingRectWithSize:NSMakeSize([self contentWidth] - 8, 1000)
                                                      options:NSStringDrawingUsesLineFragmentOrigin];

@@ -69,6 +69,7 @@ NSDictionary<NSString *, id> *attributes(double size, bool bold, unsigned color)
     [[_notes.get() textContainer] setWidthTracksTextView:YES];
     [_notes.get() setTextContainerInset:NSMakeSize(18, 16)];
     [_notesScroll.get() setHasVerticalScroller:YES];
+    [_notesScroll.get() setAutohidesScrollers:YES];
     [_notesScroll.get() setBorderType:NSNoBorder];
     [_notesScroll.get() setBackgroundColor:toNSColor(panel)];
     [_notesScroll.get() setDocumentView:_notes.get()];
@@ -155,8 +156,8 @@ NSDictionary<NSString *, id> *attributes(double size, bool bold, unsigned color)
     [_notesScroll.get() setFrame:NSMakeRect(left + 48, foot, right, std::max(height - nextHeight - 52, 10.0))];
 }
 
-- (void)setFrameSize:(NSSize)size {
-    [super setFrameSize:size];
+- (void)resizeSubviewsWithOldSize:(NSSize)size {
+    (void)size;
     [self layOut];
     [self setNeedsDisplay:YES];
 }

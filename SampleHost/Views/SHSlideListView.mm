@@ -162,16 +162,15 @@ std::string pictureKey(const ShownSlide &shown, double width) {
         NSParagraphStyleAttributeName : paragraph
     };
     const auto caption = std::to_string(slide + 1) + "  " + _slides[slide].slide.title;
-    [toNSString(caption) drawInRect:NSMakeRect(NSMinX(frame), NSMaxY(frame) - captionHeight + 3, NSWidth(frame),
-                                               captionHeight - 3)
-                     withAttributes:attributes];
+    [toNSString(caption)
+            drawInRect:NSMakeRect(NSMinX(frame), NSMaxY(frame) - captionHeight + 3, NSWidth(frame), captionHeight - 3)
+        withAttributes:attributes];
 }
 
 - (void)drawPlace:(std::size_t)place {
     const auto slide = _visible[place];
     const NSRect frame = [self frameOfPlace:place];
-    const NSRect picture =
-        NSMakeRect(NSMinX(frame), NSMinY(frame), NSWidth(frame), NSHeight(frame) - captionHeight);
+    const NSRect picture = NSMakeRect(NSMinX(frame), NSMinY(frame), NSWidth(frame), NSHeight(frame) - captionHeight);
     const bool found = _highlighted.contains(slide);
     if (slide == _selected || found) {
         [found ? toNSColor(0xE8A317) : [NSColor selectedControlColor] set];
