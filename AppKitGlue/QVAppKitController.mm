@@ -2,6 +2,7 @@
 
 #import "MouseMoveManager.h"
 #import "PreferencesManager.h"
+#import "StartupTutorialWindowController.h"
 
 #include "FatalError.h"
 #include "NeverDestroyed.h"
@@ -164,8 +165,8 @@ RetainPtr<NSWindowController> &currentTutorialWindowController() {
 
 + (void)showTutorialWindow {
     platform::prepareAppKit();
-    const auto controller = adoptNS(
-        [[NSClassFromString(@"StartupTutorialWindowController") alloc] initWithWindowNibName:@"StartupTutorialMacOS"]);
+    const auto controller =
+        adoptNS([[StartupTutorialWindowController alloc] initWithWindowNibName:@"StartupTutorialMacOS"]);
     [controller.get() showWindow:nil];
     currentTutorialWindowController() = controller;
 }
