@@ -131,7 +131,9 @@ void drawHandles(NSRect rect) {
     // The button in use.
     drawPanel(NSMakeRect(188, 198, 72, 50), 6, faint([NSColor controlAccentColor], 0.18), [NSColor controlAccentColor]);
     const NSRect slide = NSMakeRect(196, 20, 288, 162);
-    drawSlide(slide, @"Highlights", 4);
+    drawSlide(slide, @"Highlights", 0);
+    drawTextLines(NSMakeRect(slide.origin.x + 23, slide.origin.y + 24, 110, 80), 5, 6,
+                  faint([NSColor secondaryLabelColor], 0.6));
     const NSRect element = NSMakeRect(NSMaxX(slide) - 128, slide.origin.y + 24, 104, 70);
     drawChart(NSInsetRect(element, 8, 8));
     drawHandles(element);

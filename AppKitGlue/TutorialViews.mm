@@ -24,7 +24,7 @@ namespace tutorial = appkitglue::tutorial;
 
 - (void)drawRect:(NSRect)rect {
     tutorial::drawPanel([self bounds], [self bounds].size.height / 2, [NSColor controlAccentColor], nil);
-    tutorial::drawCentredText([self stringValue], [self bounds], 12, tutorial::Weight::bold, [NSColor whiteColor]);
+    tutorial::drawCentredText([self stringValue], [self bounds], 11, tutorial::Weight::bold, [NSColor whiteColor]);
 }
 
 @end

@@ -83,11 +83,13 @@ bool isTranslucent(NSView *view) {
     return opacityOf(view) < 1 - nothing || crossFadeOf(view) != nullptr;
 }
 
+// The outermost view around `view` that cannot be drawn again over itself.
 NSView *outermostTranslucent(NSView *view) {
     NSView *outermost = nil;
     if (anyTransition()) {
         for (; view != nil; view = [view superview]) {
-            if (isTranslucent(view)) {
+            const Transition *transition = transitionOf(view);
+            if (transition != nullptr && (isTranslucent(view) || transition->transformed)) {
                 outermost = view;
             }
         }

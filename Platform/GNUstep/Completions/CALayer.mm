@@ -4,6 +4,7 @@
 #import "AnimationDriver.h"
 #import "Hooks.h"
 #import "Retained.h"
+#import "ViewTransitions.h"
 
 #include <memory>
 #include <unordered_map>
@@ -80,6 +81,7 @@ void moveView(NSView *view, const CGAffineTransform &before, const CGAffineTrans
         moveView(_view, _transform, transform);
         driver.setMoving(before);
         _transform = transform;
+        platform::alpha::setTransformed(_view, transform.a != 1 || transform.d != 1);
     }
 }
 

@@ -17,6 +17,7 @@ struct Transition {
     double alpha = 1;   ///< The view's alpha value.
     double opacity = 1; ///< Multiplies it while the view fades.
     CrossFade crossFade;
+    bool transformed = false; ///< Scaled by its layer: the edges of its subviews lie between pixels.
 };
 
 /// Whether any view is not simply opaque.
@@ -31,6 +32,9 @@ Transition &beginTransition(NSView *view);
 
 /// Sets the view's alpha value and has the view drawn again.
 void setAlpha(NSView *view, double alpha);
+
+/// Says whether the view's layer scales it.
+void setTransformed(NSView *view, bool transformed);
 
 /// End the view's fade or cross-fade, if any, and have the view drawn again.
 void endFade(NSView *view);

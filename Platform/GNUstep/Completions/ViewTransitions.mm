@@ -20,7 +20,9 @@ Table &table() {
 
 void dropWithoutEffect(NSView *view) {
     const auto found = table().find(view);
-    if (found->second.alpha >= 1 && found->second.opacity >= 1 && found->second.crossFade.oldPicture.isEmpty()) {
+    const Transition &transition = found->second;
+    if (transition.alpha >= 1 && transition.opacity >= 1 && transition.crossFade.oldPicture.isEmpty() &&
+        !transition.transformed) {
         table().erase(found);
     }
     redraw(view);
@@ -46,6 +48,11 @@ Transition &beginTransition(NSView *view) {
 
 void setAlpha(NSView *view, double alpha) {
     beginTransition(view).alpha = alpha;
+    dropWithoutEffect(view);
+}
+
+void setTransformed(NSView *view, bool transformed) {
+    beginTransition(view).transformed = transformed;
     dropWithoutEffect(view);
 }
 
