@@ -3,6 +3,7 @@
 
 #import "PreferencesBaseViewController.h"
 
+#include "AboutScreenView.h"
 #include "RetainPtr.h"
 #include "SettingsStore.h"
 
@@ -13,6 +14,7 @@
 @interface AboutSettingsViewController : PreferencesBaseViewController {
     std::shared_ptr<appkitglue::AboutStore> _store;
     appkitglue::RetainPtr<NSTextView> _textView;
+    std::shared_ptr<appkitglue::AboutScreenState> _aboutState;
 }
 
 /// Set when the window is assembled; the tab does not read it.
@@ -20,6 +22,9 @@
 
 /// Shows the page.
 @property (nonatomic, retain) IBOutlet NSTextView *textView;
+
+/// Made with the controller, without a dismiss action; the tab does not use it.
+@property (nonatomic, readonly) std::shared_ptr<appkitglue::AboutScreenState> aboutState;
 
 /// The whole page as HTML, UTF-8.
 - (std::string)aboutPageHTML;

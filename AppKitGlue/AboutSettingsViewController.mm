@@ -23,7 +23,19 @@ std::string infoText(NSString *key) {
 
 @synthesize store = _store;
 
+@synthesize aboutState = _aboutState;
+
 QV_STRONG_OUTLET(NSTextView, textView, setTextView)
+
+- (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle {
+    _aboutState = std::make_shared<AboutScreenState>();
+    return [super initWithNibName:nibName bundle:bundle];
+}
+
+- (instancetype)initWithCoder:(NSCoder *)coder {
+    _aboutState = std::make_shared<AboutScreenState>();
+    return [super initWithCoder:coder];
+}
 
 - (std::string)aboutPageHTML {
     return AboutSections::aboutPageHTML(infoText(@"CFBundleShortVersionString"), infoText(@"CFBundleVersion"));
@@ -38,9 +50,9 @@ QV_STRONG_OUTLET(NSTextView, textView, setTextView)
     if (!page) {
         fatalError(unit, __LINE__, "The page cannot be read as HTML");
     }
-    NSTextView *view = requiredOutlet([self textView], unit, "textView");
-    [[view textStorage] setAttributedString:page.get()];
-    [view setTextContainerInset:NSMakeSize(inset, inset)];
+    NSTextView *pageView = requiredOutlet([self textView], unit, "textView");
+    [[pageView textStorage] setAttributedString:page.get()];
+    [pageView setTextContainerInset:NSMakeSize(inset, inset)];
 }
 
 @end

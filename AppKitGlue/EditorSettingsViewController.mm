@@ -64,9 +64,8 @@ QV_WEAK_OUTLET(NSPopUpButton, colorTheme, setColorTheme)
 }
 
 - (void)didTapThemeButton:(id)sender {
-    NSMenuItem *item = [requiredOutlet([self colorTheme], unit, "colorTheme") selectedItem];
-    if (item != nil) {
-        [self requiredStore].setTheme(toUTF8([item title]));
+    if (auto title = selectedTitle(requiredOutlet([self colorTheme], unit, "colorTheme"))) {
+        [self requiredStore].setTheme(*std::move(title));
     }
 }
 

@@ -68,24 +68,21 @@ QV_WEAK_OUTLET(NSImageView, preview5, setPreview5)
 }
 
 - (void)didUpdateDefaultTheme:(id)sender {
-    NSMenuItem *item = [requiredOutlet([self theme], unit, "theme") selectedItem];
-    if (item != nil) {
-        [self requiredStore].setTheme(toUTF8([item title]));
+    if (auto title = selectedTitle(requiredOutlet([self theme], unit, "theme"))) {
+        [self requiredStore].setTheme(*std::move(title));
         [self refreshPreviews];
     }
 }
 
 - (void)didUpdateAppAppearance:(id)sender {
-    NSMenuItem *item = [requiredOutlet([self appearance], unit, "appearance") selectedItem];
-    if (item != nil) {
-        [self requiredStore].setAppearance(toUTF8([item title]));
+    if (auto title = selectedTitle(requiredOutlet([self appearance], unit, "appearance"))) {
+        [self requiredStore].setAppearance(*std::move(title));
     }
 }
 
 - (void)didUpdateSlideSize:(id)sender {
-    NSMenuItem *item = [requiredOutlet([self slideSizesButton], unit, "slideSizesButton") selectedItem];
-    if (item != nil) {
-        [self requiredStore].setSlideSize(toUTF8([item title]));
+    if (auto title = selectedTitle(requiredOutlet([self slideSizesButton], unit, "slideSizesButton"))) {
+        [self requiredStore].setSlideSize(*std::move(title));
     }
 }
 

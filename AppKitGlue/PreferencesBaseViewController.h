@@ -3,6 +3,7 @@
 
 #import "Platform.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,9 @@ namespace appkitglue {
 /// Replaces the entries of `button` (not nil) by `titles` and selects the first one that equals `current`. Without such
 /// a title the selection stays as filling left it. All texts are UTF-8.
 void fillPopUp(NSPopUpButton *button, const std::vector<std::string> &titles, const std::string &current);
+
+/// The title of the entry that is selected in `button` (not nil); nothing when none is.
+[[nodiscard]] std::optional<std::string> selectedTitle(NSPopUpButton *button);
 
 /// Whether a check box is on; the mixed state counts as off.
 [[nodiscard]] bool isOn(NSButton *checkBox);

@@ -2,8 +2,6 @@
 
 #include "StringBridging.h"
 
-#include <algorithm>
-
 @implementation PreferencesBaseViewController
 
 - (instancetype)initWithNibName:(NSString *)nibName bundle:(NSBundle *)bundle {
@@ -20,18 +18,15 @@ namespace appkitglue {
 
 void fillPopUp(NSPopUpButton *button, const std::vector<std::string> &titles, const std::string &current) {
     [button removeAllItems];
-    // Into the menu itself: the button's own way of adding looks for each title in all the others first.
-    NSMenu *menu = [button menu];
-    for (const std::string &title : titles) {
-        [menu addItemWithTitle:toNSString(title) action:nullptr keyEquivalent:@""];
+    [button addItemsWithTitles:toNSArray(titles)];
+    const NSInteger index = [button indexOfItemWithTitle:toNSString(current)];
+    if (index >= 0) {
+        [button selectItemAtIndex:index];
     }
-    if (!titles.empty()) {
-        [button selectItemAtIndex:0];
-    }
-    if (const auto found = std::ranges::find(titles, current); found != titles.end()) {
-        [button selectItemAtIndex:found - titles.begin()];
-    }
-    [button synchronizeTitleAndSelectedItem];
+}
+
+std::optional<std::string> selectedTitle(NSPopUpButton *button) {
+    return [button selectedItem] != nil ? std::optional(toUTF8([button titleOfSelectedItem])) : std::nullopt;
 }
 
 bool isOn(NSButton *checkBox) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view unit = "PreferencesWindowController";
 
-enum Tab : NSInteger { general, editor, presenter, about };
+enum Tab : NSUInteger { general, editor, presenter, about };
 
 RetainPtr<PreferencesWindowController> &currentController() {
     static NeverDestroyed<RetainPtr<PreferencesWindowController>> controller;
@@ -91,14 +91,14 @@ QV_STRONG_OUTLET(AboutSettingsViewController, aboutViewController, setAboutViewC
     const auto item = adoptNS([[NSTabViewItem alloc] initWithIdentifier:[tabIdentifiers() objectAtIndex:tab]]);
     NSView *view = [controller view];
     // The tab view stretches its tabs: the height that the interface file gave them is remembered.
-    _naturalHeights[static_cast<std::size_t>(tab)] = NSHeight([view frame]);
+    _naturalHeights[tab] = NSHeight([view frame]);
     [item.get() setView:view];
     [item.get() setInitialFirstResponder:[view nextKeyView]];
     [tabView addTabViewItem:item.get()];
 }
 
 - (void)selectTab:(Tab)tab {
-    [requiredOutlet([self tabView], unit, "tabView") selectTabViewItemAtIndex:tab];
+    [requiredOutlet([self tabView], unit, "tabView") selectTabViewItemAtIndex:static_cast<NSInteger>(tab)];
     [self fitWindowAnimated:NO];
 }
 
@@ -155,6 +155,13 @@ QV_STRONG_OUTLET(AboutSettingsViewController, aboutViewController, setAboutViewC
         [requiredOutlet(_editorViewController.get(), unit, "editorViewController")
             displayFont:_store->editor.font().get()];
     }
+}
+
+// The items are those of the interface file; some AppKits ask their toolbar's delegate for the lists all the same.
+- (NSToolbarItem *)toolbar:(NSToolbar *)toolbar
+        itemForItemIdentifier:(NSString *)identifier
+    willBeInsertedIntoToolbar:(BOOL)flag {
+    return nil;
 }
 
 - (NSArray *)toolbarDefaultItemIdentifiers:(NSToolbar *)toolbar {

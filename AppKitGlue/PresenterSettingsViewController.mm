@@ -14,11 +14,6 @@ constexpr double heightWithScreens = 235.0;
 constexpr double heightWithoutScreens = 134.0;
 constexpr double animationDuration = 0.25;
 
-NSString *selectedTitle(NSPopUpButton *button) {
-    NSString *title = [[button selectedItem] title];
-    return title != nil ? title : @"";
-}
-
 } // namespace
 
 @implementation PresenterSettingsViewController
@@ -88,8 +83,8 @@ QV_WEAK_OUTLET(NSButton, presenterApplyButton, setPresenterApplyButton)
         runAnimationGroup:^(NSAnimationContext *context) {
             [context setDuration:animationDuration];
             [animated ? [constraint animator] : constraint setConstant:height];
-          [[[[self view] window] windowController] fitWindowAnimated:animated];
-          [[box animator] setHidden:!expanded];
+            [[[[self view] window] windowController] fitWindowAnimated:animated];
+            [[box animator] setHidden:!expanded];
         }
         completionHandler:nullptr];
 }
@@ -116,16 +111,14 @@ QV_WEAK_OUTLET(NSButton, presenterApplyButton, setPresenterApplyButton)
 }
 
 - (void)didUpdateScreen1:(id)sender {
-    NSMenuItem *item = [static_cast<NSPopUpButton *>(sender) selectedItem];
-    if (item != nil) {
-        [self requiredStore].setSlideshowScreenName(toUTF8([item title]));
+    if (auto title = selectedTitle(sender)) {
+        [self requiredStore].setSlideshowScreenName(*std::move(title));
     }
 }
 
 - (void)didUpdateScreen2:(id)sender {
-    NSMenuItem *item = [static_cast<NSPopUpButton *>(sender) selectedItem];
-    if (item != nil) {
-        [self requiredStore].setPresenterScreenName(toUTF8([item title]));
+    if (auto title = selectedTitle(sender)) {
+        [self requiredStore].setPresenterScreenName(*std::move(title));
     }
 }
 
@@ -139,8 +132,8 @@ QV_WEAK_OUTLET(NSButton, presenterApplyButton, setPresenterApplyButton)
 - (bool)validateScreens {
     PresenterStore &store = [self requiredStore];
     NSTextField *message = requiredOutlet([self errorMessageField], unit, "errorMessageField");
-    const std::string slideshow = toUTF8(selectedTitle([self requiredSlideshowButton]));
-    const std::string presenter = toUTF8(selectedTitle([self requiredPresenterButton]));
+    const std::string slideshow = selectedTitle([self requiredSlideshowButton]).value_or("");
+    const std::string presenter = selectedTitle([self requiredPresenterButton]).value_or("");
     store.setSlideshowScreenName(slideshow);
     store.setPresenterScreenName(presenter);
     [message setHidden:YES];

@@ -3,7 +3,9 @@
 //
 // One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
 // namespace platform. Completions that only add classes or methods need no line.
+
 QV_INSTALL(installAlphaDrawing)
+QV_INSTALL(installBoxHook)
 QV_INSTALL(installContentViewControllers)
 QV_INSTALL(installFontManagerTargetHook)
 QV_INSTALL(installHTMLImport)
@@ -11,11 +13,14 @@ QV_INSTALL(installImplicitAnimation)
 QV_INSTALL(installKeyViews)
 QV_INSTALL(installKeyboardAccess)
 QV_INSTALL(installLayers)
+QV_INSTALL(installNamedSymbolsHook)
 QV_INSTALL(installOpenURLHook)
 QV_INSTALL(installPlaceholderDecoding)
+QV_INSTALL(installPopUpButtonHook)
 QV_INSTALL(installToolbarDefaultItems)
 QV_INSTALL(installToolbarFlexibleSpaces)
 QV_INSTALL(installToolbarItemBorders)
 QV_INSTALL(installUnwritableDefaults)
 QV_INSTALL(installViewAppearanceHooks)
+QV_INSTALL(installViewDecodingHook)
 QV_INSTALL(installWindowsFollowDisplays)

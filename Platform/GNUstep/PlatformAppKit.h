@@ -10,6 +10,7 @@
 #import "NSAppearance+Windows.h"
 #import "NSButton+Factories.h"
 #import "NSColor+Accent.h"
+#import "NSColor+Link.h"
 #import "NSFontManager+Target.h"
 #import "NSImage+SystemSymbols.h"
 #import "NSLayoutConstraint+Constant.h"

@@ -92,6 +92,13 @@ TEST(HTMLDocument, ResolvesRelativeSizesAsACascade) {
     EXPECT_DOUBLE_EQ(styleOf("<p>x</p><style>p{font-size:8px}</style>").fontSize, 8);
 }
 
+TEST(HTMLDocument, KeepsStrongTextStrongUnderAWeightForEverything) {
+    EXPECT_TRUE(styleOf("<style>*{font-weight:300}</style><b>x").bold);
+    EXPECT_FALSE(styleOf("<style>*{font-weight:300}</style>x").bold);
+    EXPECT_FALSE(styleOf("<style>*{font-weight:700} b{font-weight:300}</style><b>x").bold);
+    EXPECT_TRUE(styleOf("<style>*{font-weight:700}</style>x").bold);
+}
+
 TEST(HTMLDocument, CollapsesMarginsOfNeighbours) {
     const auto document = page("<style>p{margin:10px 0 4px 7px}h2{margin-top:6px}</style><p>a</p><h2>b</h2><p>c</p>");
     ASSERT_EQ(document.paragraphs.size(), 3U);

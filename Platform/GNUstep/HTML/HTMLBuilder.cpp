@@ -121,7 +121,12 @@ bool Builder::startElement(std::string_view name, const Attributes& attributes) 
 void Builder::applyStyle(Element& element, const Attributes& attributes) {
     const auto names = classes(attribute(attributes, "class"));
     Declarations rules = defaultSheet().match(element.name, {});
+    const std::optional<bool> strong = rules.bold;
     rules.merge(sheet_.match(element.name, names));
+    // Pages give everything a light weight and mean their plain text: what is strong by itself stays strong.
+    if (strong && !sheet_.mentionsWeight(element.name, names)) {
+        rules.bold = strong;
+    }
     if (const auto own = attribute(attributes, "style"); !own.empty()) {
         rules.merge(parseDeclarations(own));
     }

@@ -1,6 +1,8 @@
 // GNUstep's attributed strings cannot read HTML: importers for it are looked for and none comes with AppKit.
 #import "HTMLImport.h"
 
+#import "NSColor+Link.h"
+
 #include "HTMLDocument.h"
 
 #import <GNUstepBase/GSMime.h>
@@ -112,7 +114,7 @@ private:
 
     static NSColor *color(const html::Style &style) {
         if (!style.color) {
-            return [NSColor textColor];
+            return style.link != nullptr ? [NSColor linkColor] : [NSColor textColor];
         }
         return [NSColor colorWithCalibratedRed:style.color->red / 255.0
                                          green:style.color->green / 255.0

@@ -292,22 +292,35 @@ void StyleSheet::addRule(std::string_view selectors, std::string_view body) {
 
 Declarations StyleSheet::match(std::string_view element, std::span<const std::string_view> classes) const {
     Declarations result;
-    if (rules_.empty()) {
-        return result;
+    if (const auto all = rules_.find("*"); all != rules_.end()) {
+        result = all->second;
     }
-    const auto apply = [&](const std::string& selector) {
+    apply(result, element, classes);
+    return result;
+}
+
+bool StyleSheet::mentionsWeight(std::string_view element, std::span<const std::string_view> classes) const {
+    Declarations result;
+    apply(result, element, classes);
+    return result.bold.has_value();
+}
+
+void StyleSheet::apply(Declarations& result, std::string_view element,
+                       std::span<const std::string_view> classes) const {
+    if (rules_.empty()) {
+        return;
+    }
+    const auto merge = [&](const std::string& selector) {
         if (const auto rule = rules_.find(selector); rule != rules_.end()) {
             result.merge(rule->second);
         }
     };
-    apply("*");
-    apply(std::string(element));
+    merge(std::string(element));
     for (const auto name : classes) {
         const std::string selector = "." + lowered(name);
-        apply(selector);
-        apply(std::string(element) + selector);
+        merge(selector);
+        merge(std::string(element) + selector);
     }
-    return result;
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -74,7 +74,11 @@ public:
     /// classes.
     [[nodiscard]] Declarations match(std::string_view element, std::span<const std::string_view> classes) const;
 
+    /// Whether a rule other than that for "*" gives such an element a font weight.
+    [[nodiscard]] bool mentionsWeight(std::string_view element, std::span<const std::string_view> classes) const;
+
 private:
+    void apply(Declarations& result, std::string_view element, std::span<const std::string_view> classes) const;
     void addRule(std::string_view selectors, std::string_view body);
 
     std::unordered_map<std::string, Declarations> rules_;
