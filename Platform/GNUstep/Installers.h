@@ -3,7 +3,6 @@
 //
 // One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
 // namespace platform. Completions that only add classes or methods need no line.
-
 QV_INSTALL(installAlphaDrawing)
 QV_INSTALL(installBoxHook)
 QV_INSTALL(installContentViewControllers)
@@ -23,4 +22,5 @@ QV_INSTALL(installToolbarItemBorders)
 QV_INSTALL(installUnwritableDefaults)
 QV_INSTALL(installViewAppearanceHooks)
 QV_INSTALL(installViewDecodingHook)
+QV_INSTALL(installWindowIdentity)
 QV_INSTALL(installWindowsFollowDisplays)
