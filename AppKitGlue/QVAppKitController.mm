@@ -2,6 +2,7 @@
 
 #import "MouseMoveManager.h"
 #import "PreferencesManager.h"
+#import "PreferencesWindowController.h"
 #import "StartupTutorialWindowController.h"
 
 #include "FatalError.h"
@@ -23,18 +24,7 @@ NSString *const ShowMacOSTutorialScreenNotification = @"ShowMacOSTutorialScreenN
 - (void)checkForUpdates:(id)sender;
 @end
 
-@protocol PreferencesWindows
-+ (void)openPreferences;
-+ (void)openPreferencesOnAbout;
-+ (NSWindowController *)current;
-- (void)refreshEditorFont;
-@end
-
 namespace {
-
-Class preferencesWindowController() {
-    return NSClassFromString(@"PreferencesWindowController");
-}
 
 constexpr double fontSizeStep = 2.0;
 constexpr double smallestFontSizeToDecrease = 10.0;
@@ -44,7 +34,7 @@ void changeFontSize(double change) {
     RoutingSettingsProvider &provider = *RoutingSettingsProvider::shared();
     provider.update(&SettingsPayload::editorFontSize, provider.settings().editorFontSize + change,
                     SettingsKeys::editorFontSize);
-    [static_cast<id<PreferencesWindows>>([preferencesWindowController() current]) refreshEditorFont];
+    [[PreferencesWindowController current] refreshEditorFont];
 }
 
 /// Whether the update check was started; once true it stays so.
@@ -136,7 +126,7 @@ RetainPtr<NSWindowController> &currentTutorialWindowController() {
         return;
     }
     [[self documentWindow].get() setAppearance:appearance];
-    [[[preferencesWindowController() current] window] setAppearance:appearance];
+    [[[PreferencesWindowController current] window] setAppearance:appearance];
 }
 
 + (void)terminateApp {
@@ -155,12 +145,12 @@ RetainPtr<NSWindowController> &currentTutorialWindowController() {
 
 + (void)showPreferences {
     platform::prepareAppKit();
-    [preferencesWindowController() openPreferences];
+    [PreferencesWindowController openPreferences];
 }
 
 + (void)showAboutScreen {
     platform::prepareAppKit();
-    [preferencesWindowController() openPreferencesOnAbout];
+    [PreferencesWindowController openPreferencesOnAbout];
 }
 
 + (void)showTutorialWindow {
