@@ -1,3 +1,4 @@
+// Long because: the pieces of one page share their set-up and are measured one by one.
 #import "AboutScreenView.h"
 #import "Input.h"
 #import "QVAboutScreen.h"
