@@ -105,8 +105,8 @@ bool giveKeyboard(NSWindow *window) {
     };
     // A window manager that is busy with another window's end may take the keyboard away again: it is asked for until
     // it stays.
-    for (int attempt = 0; attempt < 10; attempt++) {
-        if (runUntil(hasIt, 1)) {
+    for (int attempt = 0; attempt < 30; attempt++) {
+        if (runUntil(hasIt, 0.3)) {
             return true;
         }
         [window makeKeyAndOrderFront:nil];

@@ -101,6 +101,7 @@ void flattheme::install() {
     state().installed = true;
     installFieldHooks();
     installButtonHooks();
+    installSegmentHooks();
     installToolbarHooks();
     installScrollerHooks();
     installMenuHooks();

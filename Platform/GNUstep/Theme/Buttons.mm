@@ -1,4 +1,4 @@
-// Push buttons, segmented controls and steppers.
+// Push buttons.
 #import "Drawing.h"
 #import "ElementHooks.h"
 #import "Hooks.h"
@@ -91,57 +91,13 @@ void flattheme::installButtonHooks() {
 
 - (GSThemeMargins)buttonMarginsForCell:(NSCell *)cell style:(int)style state:(GSThemeControlState)state {
     GSThemeMargins margins;
-    margins.left = margins.right = style == NSCircularBezelStyle || style == NSHelpButtonBezelStyle ? 2 : 6;
+    // A small button needs its width for its title.
+    constexpr CGFloat small = 44;
+    NSView *view = [cell controlView];
+    const bool isSmall = [view isKindOfClass:[NSButton class]] && NSWidth([view bounds]) < small;
+    margins.left = margins.right = isSmall || style == NSCircularBezelStyle ? 2 : 6;
     margins.top = margins.bottom = 3;
     return margins;
-}
-
-- (void)drawSegmentedControlSegment:(NSCell *)cell
-                          withFrame:(NSRect)frame
-                             inView:(NSView *)view
-                              style:(NSSegmentStyle)style
-                              state:(GSThemeControlState)state
-                        roundedLeft:(BOOL)roundedLeft
-                       roundedRight:(BOOL)roundedRight {
-    [NSGraphicsContext saveGraphicsState];
-    NSRectClip(frame);
-    // An inner edge is square: its round corners lie outside of the clip.
-    constexpr CGFloat radius = 5;
-    NSRect rect = frame;
-    if (!roundedLeft) {
-        rect.origin.x -= radius + 1;
-        rect.size.width += radius + 1;
-    }
-    if (!roundedRight) {
-        rect.size.width += radius + 1;
-    }
-    const bool selected = isOn(state) || isPressed(state);
-    drawPanel(rect, colour(selected ? palette().selectedRow : palette().control), colour(palette().border), radius);
-    if (!roundedRight) {
-        [colour(palette().border) set];
-        NSRectFill(NSMakeRect(NSMaxX(frame) - 1, NSMinY(frame), 1, NSHeight(frame)));
-    }
-    [NSGraphicsContext restoreGraphicsState];
-}
-
-- (void)drawStepperCell:(NSCell *)cell
-              withFrame:(NSRect)frame
-                 inView:(NSView *)view
-            highlightUp:(BOOL)highlightUp
-          highlightDown:(BOOL)highlightDown {
-    const bool flipped = [view isFlipped];
-    const Palette &p = palette();
-    drawPanel(frame, colour([cell isEnabled] ? p.control : p.window), colour(p.border), 4);
-    NSRect up = frame;
-    NSRect down = frame;
-    up.size.height = down.size.height = NSHeight(frame) / 2;
-    (flipped ? down : up).origin.y += NSHeight(up);
-    if (highlightUp || highlightDown) {
-        drawPanel(NSInsetRect(highlightUp ? up : down, 1, 1), colour(p.pressedControl), nil, 3);
-    }
-    NSColor *arrow = colour([cell isEnabled] ? p.text : p.disabledText);
-    drawChevron(up, Direction::up, flipped, arrow);
-    drawChevron(down, Direction::down, flipped, arrow);
 }
 
 @end

@@ -5,6 +5,7 @@ namespace flattheme {
 
 void installFieldHooks();
 void installButtonHooks();
+void installSegmentHooks();
 void installToolbarHooks();
 void installScrollerHooks();
 void installMenuHooks();

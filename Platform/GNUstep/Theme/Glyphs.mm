@@ -183,6 +183,8 @@ void flattheme::installGlyphs() {
         Glyph{@selector(drawDash:), 12, @"NSMenuMixedState"},
         Glyph{@selector(drawNothing:), 1, @"common_Dimple"},
         Glyph{@selector(drawNothing:), 1, @"common_DimpleHoriz"},
+        Glyph{@selector(drawNothing:), 1, @"common_ret"},
+        Glyph{@selector(drawNothing:), 1, @"common_retH"},
         Glyph{@selector(drawKnob:), 16, @"common_SliderHoriz"},
         Glyph{@selector(drawKnob:), 16, @"common_SliderVert"},
         Glyph{@selector(drawMagnifier:), 16, @"GSSearch"},

@@ -18,6 +18,11 @@ void flattheme::installScrollerHooks() {}
     return NO;
 }
 
+// Only the frame: no lines between the content and the scrollers.
+- (void)drawScrollViewRect:(NSRect)rect inView:(NSView *)view {
+    [self drawBorderType:[(NSScrollView *)view borderType] frame:[view bounds] view:view];
+}
+
 - (NSCell *)cellForScrollerKnobSlot:(BOOL)horizontal {
     NSCell *cell = [super cellForScrollerKnobSlot:horizontal];
     [(NSButtonCell *)cell setBackgroundColor:[NSColor scrollBarColor]];
