@@ -1,63 +1,23 @@
 // Long because: the pieces of one page share their set-up and are measured one by one.
 #import "AboutScreenView.h"
 #import "Input.h"
-#import "QVAboutScreen.h"
-#import "RenderedViews.h"
-#import "RetainPtr.h"
+#import "RenderingSupport.h"
 #import "StringBridging.h"
-#import "TestSupport.h"
 #import "ViewFonts.h"
 #import "ViewRenderer.h"
-#import "WeakObjCPtr.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <unistd.h>
+#include <algorithm>
+#include <cmath>
 
 using namespace appkitglue;
+using test::all;
+using test::Shown;
 using testing::ElementsAre;
 
-@interface DismissCounter : NSObject {
-@public
-    int count;
-    id sender;
-}
-- (void)dismissed:(id)from;
-@end
-
-@implementation DismissCounter
-- (void)dismissed:(id)from {
-    count++;
-    sender = from;
-}
-@end
-
 namespace {
-
-template <class T> void collect(NSView *view, std::vector<T *> &found) {
-    for (NSView *child in [view subviews]) {
-        if ([child isKindOfClass:[T class]])
-            found.push_back(static_cast<T *>(child));
-        collect(child, found);
-    }
-}
-
-template <class T> std::vector<T *> all(NSView *view) {
-    std::vector<T *> found;
-    collect(view, found);
-    return found;
-}
-
-QVLabelButton *buttonTitled(NSView *view, NSString *title) {
-    for (QVLabelButton *button : all<QVLabelButton>(view))
-        if ([[button title] isEqualToString:title])
-            return button;
-    return nil;
-}
 
 NSRect frameOf(const ui::Layout &layout) {
     return ui::toNSRect(layout.frame);
@@ -86,23 +46,6 @@ template <class T> std::vector<NSRect> frames(const std::vector<T *> &views) {
 bool equal(const std::vector<NSRect> &a, const std::vector<NSRect> &b) {
     return std::ranges::equal(a, b, [](NSRect x, NSRect y) { return NSEqualRects(x, y); });
 }
-
-// A window with a view that fills it.
-struct Shown {
-    explicit Shown(NSView *view, NSSize size = NSMakeSize(480, 560))
-        : window(adoptNS([[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, size.width, size.height)
-                                                     styleMask:NSTitledWindowMask | NSResizableWindowMask
-                                                       backing:NSBackingStoreBuffered
-                                                         defer:NO])) {
-        [window.get() setReleasedWhenClosed:NO];
-        [window.get() setContentView:view];
-        [window.get() makeKeyAndOrderFront:nil];
-        test::runUntil([&] { return [window.get() isKeyWindow]; });
-        test::runUntilQuiet(window.get());
-    }
-    ~Shown() { [window.get() close]; }
-    RetainPtr<NSWindow> window;
-};
 
 RetainPtr<QVHostingView> host(std::function<ui::View()> body, std::shared_ptr<ObservableObject> observed = {}) {
     const auto view = adoptNS([[QVHostingView alloc] initWithFrame:NSMakeRect(0, 0, 300, 200)]);
@@ -288,6 +231,7 @@ TEST(ViewRenderer, ButtonsAreReachedAndPressedWithTheKeys) {
     });
     Shown shown(view.get());
     [shown.window.get() makeFirstResponder:all<QVLabelButton>(view.get())[0]];
+    ASSERT_TRUE(test::giveKeyboard(shown.window.get()));
     test::pressKeys({"space", "Tab", "space"});
     EXPECT_TRUE(test::runUntil([&] { return pressed == std::vector<std::string>{"one", "two"}; }));
     test::pressKeys({"Tab", "Return"});
@@ -322,115 +266,6 @@ TEST(ViewRenderer, TellsWhatButtonsAreFor) {
     const auto view = host([] { return AboutSection{"t", {{"Name", "Author", "u"}}}.body(); });
     EXPECT_TRUE([[all<QVLabelButton>(view.get())[0] accessibilityLabel] isEqualToString:@"Open Name"]);
     EXPECT_TRUE([[all<QVTextLabel>(view.get())[0] accessibilityLabel] isEqualToString:@"t"]);
-}
-
-// A program of the name xdg-open in front of PATH that notes the addresses it is given.
-class RecordingOpener : public testing::Test {
-protected:
-    void SetUp() override {
-        folder = std::filesystem::temp_directory_path() / ("opener-" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder);
-        std::ofstream(folder / "xdg-open") << "#!/bin/sh\nprintf '%s\\n' \"$1\" >> " << folder / "opened" << "\n";
-        std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms::owner_all);
-        path = std::getenv("PATH");
-        setenv("PATH", (folder.string() + ":" + path).c_str(), 1);
-    }
-    void TearDown() override {
-        setenv("PATH", path.c_str(), 1);
-        std::filesystem::remove_all(folder);
-    }
-    std::vector<std::string> opened() const {
-        std::ifstream file(folder / "opened");
-        std::vector<std::string> lines;
-        for (std::string line; std::getline(file, line);)
-            lines.push_back(line);
-        return lines;
-    }
-    std::filesystem::path folder;
-    std::string path;
-};
-
-TEST_F(RecordingOpener, OpenOpensTheProjectPage) {
-    const auto screen = adoptNS([[QVAboutScreenView alloc] initWithFrame:NSMakeRect(0, 0, 480, 560)]);
-    [buttonTitled(screen.get(), @"Open") performClick:nil];
-    EXPECT_TRUE(test::runUntil([&] { return !opened().empty(); }));
-    EXPECT_THAT(opened(), ElementsAre("https://github.com/linebender/simplecss"));
-}
-
-TEST_F(RecordingOpener, AnAddressThatIsNoneOpensNothing) {
-    const auto environment = ui::workspaceEnvironment();
-    for (const char *address : {"", "not an address", "nothing", "\xFF"})
-        Library{"n", "a", address}.open(environment);
-    Library{"n", "a", "https://last.example"}.open(environment);
-    EXPECT_TRUE(test::runUntil([&] { return !opened().empty(); }));
-    EXPECT_THAT(opened(), ElementsAre("https://last.example"));
-}
-
-TEST(AboutScreenForHosts, CloseSendsTheActionOfTheMoment) {
-    const auto screen = adoptNS([[QVAboutScreenView alloc] initWithFrame:NSMakeRect(0, 0, 480, 560)]);
-    QVLabelButton *const close = buttonTitled(screen.get(), @"Close");
-    const auto counter = adoptNS([[DismissCounter alloc] init]);
-    [close performClick:nil];
-    [screen.get() setDismissTarget:counter.get()];
-    [close performClick:nil];
-    EXPECT_EQ(counter.get()->count, 0);
-    [screen.get() setDismissAction:@selector(dismissed:)];
-    [close performClick:nil];
-    EXPECT_EQ(counter.get()->count, 1);
-    EXPECT_EQ(counter.get()->sender, screen.get());
-    [screen.get() setDismissAction:nullptr];
-    [close performClick:nil];
-    EXPECT_EQ(counter.get()->count, 1);
-}
-
-TEST(AboutScreenForHosts, DoesNotKeepTheTarget) {
-    const auto screen = adoptNS([[QVAboutScreenView alloc] initWithFrame:NSMakeRect(0, 0, 480, 560)]);
-    @autoreleasepool {
-        const auto counter = adoptNS([[DismissCounter alloc] init]);
-        [screen.get() setDismissTarget:counter.get()];
-        [screen.get() setDismissAction:@selector(dismissed:)];
-        EXPECT_EQ([screen.get() dismissTarget], counter.get());
-    }
-    EXPECT_EQ([screen.get() dismissTarget], nil);
-    [buttonTitled(screen.get(), @"Close") performClick:nil];
-}
-
-TEST(AboutScreenForHosts, ClosesItsWindowFromAnAction) {
-    const auto controller = adoptNS([[QVAboutScreenViewController alloc] initWithNibName:nil bundle:nil]);
-    QVAboutScreenView *const screen = [controller.get() aboutScreenView];
-    Shown shown(screen);
-    [screen setDismissTarget:shown.window.get()];
-    [screen setDismissAction:@selector(close)];
-    test::click(buttonTitled(screen, @"Close"));
-    EXPECT_TRUE(test::runUntil([&] { return ![shown.window.get() isVisible]; }));
-}
-
-TEST(AboutScreenForHosts, IsFreedWithItsOwner) {
-    WeakObjCPtr<NSView> screen;
-    @autoreleasepool {
-        const auto owned = adoptNS([[QVAboutScreenView alloc] initWithFrame:NSMakeRect(0, 0, 480, 560)]);
-        screen = owned.get();
-    }
-    EXPECT_FALSE(static_cast<bool>(screen));
-}
-
-double secondsFor(std::size_t count) {
-    std::vector<Library> libraries;
-    for (std::size_t i = 0; i < count; i++)
-        libraries.push_back({"Library " + std::to_string(i), "Author " + std::to_string(i % 100), "https://a.example"});
-    const AboutScreenView screen{std::make_shared<AboutScreenState>()};
-    const auto environment = ui::appKitLayoutEnvironment();
-    const auto start = std::chrono::steady_clock::now();
-    const auto view = screen.body({{"Libraries", std::move(libraries)}});
-    const auto layout = ui::layOut(view, {480, 560}, environment);
-    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-    EXPECT_EQ(layout.children[0].children[3].frame.width, 448);
-    return elapsed.count();
-}
-
-TEST(AboutScreenSize, TenThousandLibrariesAreLaidOut) {
-    for (const std::size_t count : {100U, 1'000U, 10'000U})
-        std::printf("%zu libraries: described and laid out in %.1f ms\n", count, secondsFor(count) * 1000);
 }
 
 } // namespace
