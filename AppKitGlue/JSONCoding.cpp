@@ -218,9 +218,18 @@ void Writer::write(std::string_view value) {
 }
 
 void Writer::quoted(std::string_view text) {
-    if (!isUTF8(text))
+    unsigned allBits = 0;
+    bool plain = true;
+    for (const char c : text) {
+        allBits |= static_cast<unsigned char>(c);
+        plain &= static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\';
+    }
+    if (allBits >= 0x80 && !isUTF8(text))
         return fail("a string that is not UTF-8");
-    m_text += boost::json::serialize(boost::json::string_view(text.data(), text.size()));
+    if (plain)
+        m_text.append(1, '"').append(text).append(1, '"');
+    else
+        m_text += boost::json::serialize(boost::json::string_view(text.data(), text.size()));
 }
 
 void Writer::fail(std::string_view found) {

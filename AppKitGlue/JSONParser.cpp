@@ -1,6 +1,7 @@
 #include "JSONCoding.h"
 
 #include <boost/json/basic_parser_impl.hpp>
+#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/value_stack.hpp>
 
 #include <charconv>
@@ -25,7 +26,8 @@ struct Handler {
     std::size_t infiniteNumberLength = 0; // 0: there is none
 
     bool on_document_begin(bj::error_code&) {
-        stack.reset();
+        // Documents are read once and thrown away: they live in one block.
+        stack.reset(bj::make_shared_resource<bj::monotonic_resource>());
         return true;
     }
     bool on_document_end(bj::error_code&) { return true; }
