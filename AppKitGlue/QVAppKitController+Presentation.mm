@@ -3,9 +3,11 @@
 #import "MouseMoveManager.h"
 #import "PreferencesManager.h"
 
+#include "PresentationRules.h"
 #include "StringBridging.h"
 
 #include <array>
+#include <utility>
 
 using namespace appkitglue;
 
@@ -18,7 +20,6 @@ constexpr int presentationOptions = 1 + 4 + 1024 + 2048;
 constexpr NSUInteger trackingOptions = 1 + 2 + 128 + 512;
 
 NSString *const missingWindow = @"Missing Presentation Main Window";
-NSString *const equalScreens = @"Invalid configuration. Presenter screen is equal to Slideshow screen";
 
 NSDictionary *fullScreenOptions() {
     return @{
@@ -31,16 +32,9 @@ RoutingSettingsProvider &provider() {
     return *RoutingSettingsProvider::shared();
 }
 
-/// What is wrong with a pair of displays; nil if nothing is. The first two texts name the display that is not missing:
-/// hosts know them so.
-NSString *problemWithScreens(NSScreen *presenter, NSScreen *slideshow) {
-    if (presenter == nil) {
-        return slideshow == nil ? equalScreens : @"Missing Slideshow Screen. Invalid Configuration.";
-    }
-    if (slideshow == nil) {
-        return @"Invalid configuration. Missing external slides screen";
-    }
-    return [presenter isEqual:slideshow] ? equalScreens : nil;
+NSString *problem(NSScreen *presenter, NSScreen *slideshow) {
+    const auto text = problemWithScreens(presenter != nil, slideshow != nil, [presenter isEqual:slideshow]);
+    return text ? toNSString(*text) : nil;
 }
 
 NSEvent *mouseDown(NSWindow *window, NSPoint location) {
@@ -81,18 +75,13 @@ void hideCursorOver(NSView *content, MouseMoveManager *manager) {
     [manager setTrackingArea:area.get()];
 }
 
-/// Without a choice the presenter view goes to the main display and the slides to the first other one.
 void chooseDefaultScreens(const std::vector<std::string> &screens) {
     NSScreen *main = [NSScreen mainScreen];
     if (main == nil) {
         return;
     }
-    const std::string mainName = ScreenStore::displayName(main);
-    auto others = screens;
-    std::erase(others, mainName);
-    if (!others.empty()) {
-        provider().currentDisplayConfiguration() = {.screens = std::nullopt,
-                                                    .names = {.slideshow = others.front(), .presenter = mainName}};
+    if (auto names = defaultScreenNames(screens, ScreenStore::displayName(main))) {
+        provider().currentDisplayConfiguration() = {.screens = std::nullopt, .names = std::move(*names)};
     }
 }
 
@@ -119,9 +108,8 @@ void chooseDefaultScreens(const std::vector<std::string> &screens) {
         return [self beginOnOneScreenWithWindow:window.get()];
     }
     NSScreen *presenter = provider().presenterScreen();
-    NSString *problem = problemWithScreens(presenter, slideshow);
-    if (problem != nil) {
-        return problem;
+    if (NSString *text = problem(presenter, slideshow)) {
+        return text;
     }
     [content enterFullScreenMode:presenter withOptions:fullScreenOptions()];
     [[slidesWindow contentView] enterFullScreenMode:slideshow withOptions:fullScreenOptions()];

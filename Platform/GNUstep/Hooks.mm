@@ -1,6 +1,7 @@
 #import "Hooks.h"
 
 #include <cstdlib>
+#include <string>
 
 namespace platform {
 
@@ -19,6 +20,14 @@ bool isOwnMethod(Class aClass, Method method) {
     return found;
 }
 
+// A changed implementation reaches only the class itself: subclasses that were used before keep what they looked up. A
+// method that is added makes them all look again.
+void forgetCachedMethods(Class aClass, SEL selector, IMP original) {
+    const std::string name = std::string("original:") + sel_getName(selector);
+    class_addMethod(aClass, sel_registerName(name.c_str()), original,
+                    method_getTypeEncoding(class_getInstanceMethod(aClass, selector)));
+}
+
 } // namespace
 
 IMP replaceMethod(Class aClass, SEL selector, IMP replacement) {
@@ -32,6 +41,7 @@ IMP replaceMethod(Class aClass, SEL selector, IMP replacement) {
     }
     if (isOwnMethod(aClass, method)) {
         method_setImplementation(method, replacement);
+        forgetCachedMethods(aClass, selector, original);
         return original;
     }
     return class_addMethod(aClass, selector, replacement, method_getTypeEncoding(method)) ? original : nullptr;

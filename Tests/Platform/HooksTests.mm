@@ -22,7 +22,35 @@
 @implementation QVTestHookedSubclass
 @end
 
+@interface QVTestUsed : NSObject
+- (int)number;
++ (int)classNumber;
+@end
+@implementation QVTestUsed
+- (int)number {
+    return 1;
+}
++ (int)classNumber {
+    return 1;
+}
+@end
+
+@interface QVTestUsedSubclass : QVTestUsed
+@end
+@implementation QVTestUsedSubclass
+@end
+
 namespace {
+
+platform::Hook<int> number;
+int doubledNumber(id self, SEL selector) {
+    return 2 * number.original(self, selector);
+}
+
+platform::Hook<int> classNumber;
+int doubledClassNumber(id self, SEL selector) {
+    return 2 * classNumber.original(self, selector);
+}
 
 platform::Hook<int, int> addTwo;
 int addTwoAndHundred(id self, SEL selector, int value) {
@@ -56,6 +84,17 @@ TEST(Hooks, AnOwnClassMethodIsReplacedAndItsOriginalKept) {
     EXPECT_EQ(platform::replaceMethod(object_getClass([QVTestHooked class]), @selector(title),
                                       reinterpret_cast<IMP>(longTitle)),
               nullptr);
+}
+
+TEST(Hooks, ReachSubclassesThatWereUsedBefore) {
+    QVTestUsedSubclass *used = [[QVTestUsedSubclass alloc] init];
+    EXPECT_EQ([used number], 1);
+    EXPECT_EQ([QVTestUsedSubclass classNumber], 1);
+    EXPECT_TRUE(number.install([QVTestUsed class], @selector(number), doubledNumber));
+    EXPECT_TRUE(classNumber.installOnClass([QVTestUsed class], @selector(classNumber), doubledClassNumber));
+    EXPECT_EQ([used number], 2);
+    EXPECT_EQ([QVTestUsedSubclass classNumber], 2);
+    [used release];
 }
 
 TEST(Hooks, AMethodThatIsNotThereIsNotReplaced) {

@@ -164,6 +164,21 @@ int rootHeight(void* display) {
     return windowRectangle(display, DefaultRootWindow(asDisplay(display))).value_or(Rectangle{}).height;
 }
 
+std::optional<Point> pointerLocation(void* opaque) {
+    Display* display = asDisplay(opaque);
+    Window root = None;
+    Window child = None;
+    Point result;
+    int x = 0;
+    int y = 0;
+    unsigned buttons = 0;
+    if (XQueryPointer(display, DefaultRootWindow(display), &root, &child, &result.x, &result.y, &x, &y, &buttons) ==
+        0) {
+        return std::nullopt;
+    }
+    return result;
+}
+
 std::optional<Rectangle> windowRectangle(void* opaque, unsigned long window) {
     Display* display = asDisplay(opaque);
     const IgnoreErrors guard(display);

@@ -30,6 +30,17 @@ std::vector<Output> activeOutputs(void* display);
 /// The height of the root window, against which AppKit's coordinates are flipped.
 int rootHeight(void* display);
 
+/// A point in X coordinates.
+struct Point {
+    int x = 0;
+    int y = 0;
+
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+/// Where the pointer is on the root window.
+std::optional<Point> pointerLocation(void* display);
+
 /// The rectangle of a window on the root window, without the manager's frame. Nothing when there is no such window.
 std::optional<Rectangle> windowRectangle(void* display, unsigned long window);
 
