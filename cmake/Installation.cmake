@@ -8,8 +8,8 @@ set(package_directory ${CMAKE_INSTALL_LIBDIR}/cmake/AppKitGlue)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/AppKitGlue.bundle DESTINATION ${CMAKE_INSTALL_LIBDIR} USE_SOURCE_PERMISSIONS)
 install(TARGETS AppKitGlueCore ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 set(public_headers)
-foreach(name AboutScreenView DecodingError MenuEventDelegate MenuItem+Ext QVAppKitController SettingsKeys SettingsPayload
-             ToolbarAction)
+foreach(name AboutScreenView AboutSections DecodingError MenuEventDelegate MenuItem+Ext ObservableObject QVAboutScreen
+             QVAppKitController SettingsKeys SettingsPayload ToolbarAction ViewTree)
     if(EXISTS ${CMAKE_SOURCE_DIR}/AppKitGlue/${name}.h)
         list(APPEND public_headers ${CMAKE_SOURCE_DIR}/AppKitGlue/${name}.h)
     endif()

@@ -1,5 +1,6 @@
 #import "SHAppDelegate.h"
 
+#import "AboutWindow.h"
 #import "DocumentLayout.h"
 #import "MainMenu.h"
 #import "PlugIn.h"
@@ -286,7 +287,9 @@ flattheme::Look lookNamed(const std::string &appearance) {
 
 - (void)showAbout:(id)sender {
     (void)sender;
-    [plugInClass() showAboutScreen];
+    if (!samplehost::showAboutWindow()) {
+        [plugInClass() showAboutScreen];
+    }
 }
 
 - (void)showTutorial:(id)sender {
