@@ -54,6 +54,13 @@ TEST_F(PreferencesCommands, LeaveOneWindowTheNewOne) {
     EXPECT_THAT(visibleWindows([PreferencesWindowController class]), testing::ElementsAre([second.get() window]));
 }
 
+TEST_F(PreferencesCommands, ShowATabsSymbolInItsToolbarItem) {
+    [QVAppKitController showPreferences];
+    for (NSToolbarItem *item in [[[[PreferencesWindowController current] window] toolbar] items]) {
+        EXPECT_NE([item image], nil) << toUTF8([item label]);
+    }
+}
+
 TEST_F(PreferencesCommands, SelectTheAboutTabOneTurnLater) {
     [QVAppKitController showAboutScreen];
     EXPECT_EQ(selectedTab(), 0);

@@ -133,6 +133,17 @@ TEST_F(Toolbar, CutsNoItemOff) {
     EXPECT_GT(NSMaxX(last), 900); // and the flexible space pushes it to the right
 }
 
+TEST_F(Toolbar, NarrowsTheSearchFieldBeforeItHidesItems) {
+    NSView *field = [item(@"search") view];
+    EXPECT_EQ(NSWidth([field frame]), 180);
+    [window.get() setContentSize:NSMakeSize(500, 300)];
+    EXPECT_TRUE(test::runUntil([field] { return NSWidth([field frame]) < 180; }));
+    EXPECT_GE(NSWidth([field frame]), 80);
+    EXPECT_EQ([[toolbar.get() visibleItems] count], 6U);
+    [window.get() setContentSize:NSMakeSize(1000, 700)];
+    EXPECT_TRUE(test::runUntil([field] { return NSWidth([field frame]) == 180; }));
+}
+
 TEST_F(Toolbar, ReportsThePressOfATargetItem) {
     [button(addItem(@"addSlide")) performClick:nil];
     [button(addItem(@"arrange")) performClick:nil];

@@ -10,7 +10,11 @@ Hook<id, NSString *> imageNamed;
 
 id newImageNamed(id self, SEL selector, NSString *name) {
     NSImage *image = imageNamed.original(self, selector, name);
-    return image != nil ? image : [NSImage imageWithSystemSymbolName:name accessibilityDescription:nil];
+    if (image == nil) {
+        image = [NSImage imageWithSystemSymbolName:name accessibilityDescription:nil];
+        [image setName:name];
+    }
+    return image;
 }
 
 } // namespace

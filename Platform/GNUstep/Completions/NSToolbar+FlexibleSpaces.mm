@@ -1,4 +1,4 @@
-// GNUstep's toolbars make flexible spaces too wide beside items that can be resized: the last items are cut off.
+// GNUstep's toolbars make flexible spaces too wide beside items that can be resized, and cut the last items off.
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSToolbarView.h>
 
@@ -22,16 +22,38 @@ bool isFlexibleSpace(NSToolbarItem *item) {
     return [[item itemIdentifier] isEqualToString:NSToolbarFlexibleSpaceItemIdentifier];
 }
 
-/// Shares among the flexible spaces exactly what the other items leave.
+/// How much wider than its smallest width the item may be shown.
+CGFloat stretch(NSToolbarItem *item) {
+    return [item view] != nil ? std::max<CGFloat>([item maxSize].width - [item minSize].width, 0) : 0;
+}
+
+/// Gives the item's view a width, centred in the view that the toolbar made around it, which keeps its margins.
+void setViewWidth(NSToolbarItem *item, CGFloat width) {
+    NSView *back = [item _backView];
+    NSRect frame = [[item view] frame];
+    const CGFloat margins = NSWidth([back frame]) - NSWidth(frame);
+    [back setFrameSize:NSMakeSize(width + margins, NSHeight([back frame]))];
+    frame.size.width = width;
+    frame.origin.x = std::floor(margins / 2);
+    [[item view] setFrame:frame];
+}
+
+/// Shows the items that can be resized as wide as there is room for, and shares what is left among the flexible spaces.
 void newDistribute(id self, SEL) {
     NSArray *items = [[self toolbar] items];
-    CGFloat left = [static_cast<NSView *>(self) frame].size.width;
+    CGFloat left = NSWidth([static_cast<NSView *>(self) frame]);
     CGFloat spaces = 0;
     for (NSToolbarItem *item in items) {
-        if (isFlexibleSpace(item)) {
-            ++spaces;
-        } else {
-            left -= [[item _backView] frame].size.width;
+        if (stretch(item) > 0) {
+            setViewWidth(item, [item minSize].width);
+        }
+        isFlexibleSpace(item) ? ++spaces : left -= NSWidth([[item _backView] frame]);
+    }
+    for (NSToolbarItem *item in items) {
+        const CGFloat more = isFlexibleSpace(item) ? 0 : std::floor(std::clamp<CGFloat>(left, 0, stretch(item)));
+        if (more > 0) {
+            setViewWidth(item, [item minSize].width + more);
+            left -= more;
         }
     }
     const CGFloat share = spaces > 0 ? std::floor(std::max<CGFloat>(left, 0) / spaces) : 0;
