@@ -20,6 +20,9 @@
 /// The names of all controls, sorted.
 - (NSArray *)names;
 
+/// The view of a toolbar item that has none of its own.
+- (NSView *)toolbarButton:(NSString *)identifier;
+
 /// The application's main menu of the gallery, installed on first use.
 + (NSMenu *)installMainMenu;
 

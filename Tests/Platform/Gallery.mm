@@ -55,6 +55,29 @@
     return [[_controls allKeys] sortedArrayUsingSelector:@selector(compare:)];
 }
 
+static NSView *findToolbarButton(NSView *view, NSString *title) {
+    if ([view isKindOfClass:[NSButton class]] && [[(NSButton *)view title] isEqualToString:title]) {
+        return view;
+    }
+    for (NSView *subview in [view subviews]) {
+        if (NSView *found = findToolbarButton(subview, title)) {
+            return found;
+        }
+    }
+    return nil;
+}
+
+- (NSView *)toolbarButton:(NSString *)identifier {
+    for (NSView *view in [[[_window contentView] superview] subviews]) {
+        if (view != [_window contentView]) {
+            if (NSView *found = findToolbarButton(view, identifier)) {
+                return found;
+            }
+        }
+    }
+    return nil;
+}
+
 - (NSInteger)numberOfRowsInTableView:(NSTableView *)tableView {
     return 30;
 }
@@ -158,7 +181,8 @@ NSScrollView *scrolled(NSView *document, NSSize size) {
 }
 
 - (void)addToolbar {
-    NSToolbar *toolbar = [[[NSToolbar alloc] initWithIdentifier:@"Gallery"] autorelease];
+    NSToolbar *toolbar =
+        [[[NSToolbar alloc] initWithIdentifier:[NSString stringWithFormat:@"Gallery %p", self]] autorelease];
     [toolbar setDelegate:self];
     [toolbar setDisplayMode:NSToolbarDisplayModeIconAndLabel];
     [_window setToolbar:toolbar];
