@@ -1,5 +1,7 @@
 #import "SHAppDelegate.h"
 
+#import "WindowDescription.h"
+
 #include "FlatTheme.h"
 #include "Options.h"
 
@@ -19,6 +21,9 @@ int main(int argc, const char **argv) {
         NSApplication *application = [NSApplication sharedApplication];
         const auto delegate = samplehost::own([[SHAppDelegate alloc] initWithOptions:options]);
         [application setDelegate:static_cast<id>(delegate.get())];
+        if (!options.describe.empty()) {
+            samplehost::answerDescriptionRequests(options.describe);
+        }
         [application run];
     }
     return 0;

@@ -27,8 +27,8 @@ bool readFlag(std::string_view argument, Options& options) {
 
 Options parseOptions(std::span<const char* const> arguments) {
     Options options;
-    const std::array<std::pair<std::string_view, std::string*>, 3> values{
-        {{"--log", &options.log}, {"--bundle", &options.bundle}, {"--tour", &options.tour}}};
+    const std::array<std::pair<std::string_view, std::string*>, 4> values{
+        {{"--log", &options.log}, {"--bundle", &options.bundle}, {"--describe", &options.describe}, {"--clock", &options.clock}}};
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string_view argument = arguments[i];
         if (readFlag(argument, options)) {
@@ -63,7 +63,8 @@ std::string usage() {
     return "Usage: SampleHost [OPTION...] [FILE.md...]\n\n"
            "  --log FILE         append one JSON line for each message from the plug-in to FILE\n"
            "  --bundle PATH      load this plug-in instead of the one beside the program\n"
-           "  --tour DIR         show every feature once, write pictures to DIR, and quit\n"
+           "  --describe FILE    tell in FILE where everything is on screen, whenever FILE.request appears\n"
+           "  --clock HH:MM      stop the clocks at this time\n"
            "  --defaults-fresh   forget the stored settings first\n"
            "  --no-tutorial      do not show the introduction at a first start\n"
            "  --help             print this text\n";

@@ -12,8 +12,10 @@ struct Options {
     std::string log;
     /// The plug-in bundle; empty for the one beside the program.
     std::string bundle;
-    /// Where the tour's pictures go; empty for no tour.
-    std::string tour;
+    /// Where to answer requests for a description of the windows; empty for nowhere. For tests and the tour.
+    std::string describe;
+    /// The time that clocks show, "10:05", with no seconds passing; empty for the real one. For pictures that can be compared.
+    std::string clock;
     /// Start as if for the first time: without stored settings.
     bool freshDefaults = false;
     /// Leave the introduction closed even at a first start.

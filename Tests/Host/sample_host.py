@@ -234,9 +234,17 @@ class Host:
         return view
 
     def menu(self, *titles):
-        """Chooses from the menu bar or from an open menu, title by title."""
-        for title in titles:
-            self.screen.click(*self.find(title, "NSMenuItem", last=True).middle)
+        """Chooses from the open menu, title by title: a submenu opens under the pointer, the last title is clicked."""
+        for title in titles[:-1]:
+            self.screen.move(*self.find(title, "NSMenuItem").middle)
+        x, y = self.find(titles[-1], "NSMenuItem").middle
+        self.screen.move(x - 8, y)
+        self.screen.click(x, y)
+
+    def menu_bar(self, title, *titles, window=None):
+        """Opens a menu of the menu bar and chooses from it."""
+        self.screen.click(*self.find(title, "NSMenuItem", window=window).middle)
+        self.menu(*titles)
 
     def key(self, name, *modifiers):
         self.screen.key(name, *modifiers)
