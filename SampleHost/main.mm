@@ -1,5 +1,6 @@
 #import "SHAppDelegate.h"
 
+#import "Clock.h"
 #import "WindowDescription.h"
 
 #include "FlatTheme.h"
@@ -21,6 +22,9 @@ int main(int argc, const char **argv) {
         NSApplication *application = [NSApplication sharedApplication];
         const auto delegate = samplehost::own([[SHAppDelegate alloc] initWithOptions:options]);
         [application setDelegate:static_cast<id>(delegate.get())];
+        if (!options.clock.empty()) {
+            samplehost::stopClocks(options.clock);
+        }
         if (!options.describe.empty()) {
             samplehost::answerDescriptionRequests(options.describe);
         }

@@ -23,7 +23,10 @@ constexpr double popoverScale = 0.77;
 @implementation SHDocument (Toolbar)
 
 - (void)installToolbar {
-    const auto toolbar = own([[NSToolbar alloc] initWithIdentifier:@"Document"]);
+    // Toolbars of the same identifier follow each other's changes: an item put into one would appear in all of them.
+    static int number = 0;
+    NSString *identifier = [NSString stringWithFormat:@"Document%d", ++number];
+    const auto toolbar = own([[NSToolbar alloc] initWithIdentifier:identifier]);
     [toolbar.get() setAllowsUserCustomization:NO];
     [toolbar.get() setAutosavesConfiguration:NO];
     [toolbar.get() setDisplayMode:NSToolbarDisplayModeIconAndLabel];

@@ -27,8 +27,10 @@ bool readFlag(std::string_view argument, Options& options) {
 
 Options parseOptions(std::span<const char* const> arguments) {
     Options options;
-    const std::array<std::pair<std::string_view, std::string*>, 4> values{
-        {{"--log", &options.log}, {"--bundle", &options.bundle}, {"--describe", &options.describe}, {"--clock", &options.clock}}};
+    const std::array<std::pair<std::string_view, std::string*>, 4> values{{{"--log", &options.log},
+                                                                           {"--bundle", &options.bundle},
+                                                                           {"--describe", &options.describe},
+                                                                           {"--clock", &options.clock}}};
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string_view argument = arguments[i];
         if (readFlag(argument, options)) {

@@ -14,7 +14,8 @@ struct Options {
     std::string bundle;
     /// Where to answer requests for a description of the windows; empty for nowhere. For tests and the tour.
     std::string describe;
-    /// The time that clocks show, "10:05", with no seconds passing; empty for the real one. For pictures that can be compared.
+    /// The time that clocks show, "10:05", with no seconds passing; empty for the real one. For pictures that can be
+    /// compared.
     std::string clock;
     /// Start as if for the first time: without stored settings.
     bool freshDefaults = false;

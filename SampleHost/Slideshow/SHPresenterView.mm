@@ -1,5 +1,6 @@
 #import "SHPresenterView.h"
 
+#import "Clock.h"
 #import "Fonts.h"
 
 #include <algorithm>
@@ -169,7 +170,7 @@ NSDictionary<NSString *, id> *attributes(double size, bool bold, unsigned color)
 }
 
 - (NSString *)elapsed {
-    const auto seconds = static_cast<long>(std::max(0.0, -[_started.get() timeIntervalSinceNow]));
+    const auto seconds = static_cast<long>(std::max(0.0, secondsSince(_started.get())));
     return [NSString stringWithFormat:@"%02ld:%02ld:%02ld", seconds / 3600, seconds / 60 % 60, seconds % 60];
 }
 
@@ -192,8 +193,7 @@ NSDictionary<NSString *, id> *attributes(double size, bool bold, unsigned color)
     }
     [[self elapsed] drawAtPoint:NSMakePoint(24, 22) withAttributes:attributes(30, true, bright)];
     [state drawAtPoint:NSMakePoint(210, 28) withAttributes:attributes(18, false, accent)];
-    NSString *clock = [[NSDate date] descriptionWithCalendarFormat:@"%H:%M" timeZone:nil locale:nil];
-    [self drawRightAligned:clock at:NSWidth(all) - 24 y:22 with:attributes(30, true, bright)];
+    [self drawRightAligned:timeOfDay() at:NSWidth(all) - 24 y:22 with:attributes(30, true, bright)];
 }
 
 @end
