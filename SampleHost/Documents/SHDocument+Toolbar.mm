@@ -25,8 +25,8 @@ constexpr double popoverScale = 0.77;
 - (void)installToolbar {
     // Toolbars of the same identifier follow each other's changes: an item put into one would appear in all of them.
     static int number = 0;
-    NSString *identifier = [NSString stringWithFormat:@"Document%d", ++number];
-    const auto toolbar = own([[NSToolbar alloc] initWithIdentifier:identifier]);
+    NSString *ownIdentifier = [NSString stringWithFormat:@"Document%d", ++number];
+    const auto toolbar = own([[NSToolbar alloc] initWithIdentifier:ownIdentifier]);
     [toolbar.get() setAllowsUserCustomization:NO];
     [toolbar.get() setAutosavesConfiguration:NO];
     [toolbar.get() setDisplayMode:NSToolbarDisplayModeIconAndLabel];
