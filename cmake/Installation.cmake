@@ -10,9 +10,7 @@ install(TARGETS AppKitGlueCore ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 set(public_headers)
 foreach(name AboutScreenView AboutSections DecodingError MenuEventDelegate MenuItem+Ext ObservableObject QVAboutScreen
              QVAppKitController SettingsKeys SettingsPayload ToolbarAction ViewTree)
-    if(EXISTS ${CMAKE_SOURCE_DIR}/AppKitGlue/${name}.h)
-        list(APPEND public_headers ${CMAKE_SOURCE_DIR}/AppKitGlue/${name}.h)
-    endif()
+    list(APPEND public_headers ${CMAKE_SOURCE_DIR}/AppKitGlue/${name}.h)
 endforeach()
 install(FILES ${public_headers} ${CMAKE_SOURCE_DIR}/Platform/NSToolbarDelegate.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/AppKitGlue)
 

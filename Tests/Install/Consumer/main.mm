@@ -1,7 +1,13 @@
-// The smallest host: loads the installed bundle and makes a controller.
+// The smallest host, over all public headers: loads the installed bundle and makes a controller.
 #import <QVAppKitController.h>
 
+#import <MenuEventDelegate.h>
+#import <QVAboutScreen.h>
+
+#include <AboutScreenView.h>
+#include <MenuItem+Ext.h>
 #include <SettingsPayload.h>
+#include <ToolbarAction.h>
 
 #include <cstdio>
 
