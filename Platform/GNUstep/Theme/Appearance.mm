@@ -102,6 +102,7 @@ void flattheme::install() {
     installFieldHooks();
     installButtonHooks();
     installSegmentHooks();
+    installTableHooks();
     installToolbarHooks();
     installScrollerHooks();
     installMenuHooks();

@@ -34,6 +34,15 @@ NSColor *fillFor(NSCell *cell, GSThemeControlState state) {
     return colour(isPressed(state) || isOn(state) ? p.pressedControl : p.control);
 }
 
+// A button that is hardly wider than its title has no room to spare.
+bool isTight(NSCell *cell) {
+    NSView *view = [cell controlView];
+    if (![view isKindOfClass:[NSButton class]] || ![cell isKindOfClass:[NSButtonCell class]]) {
+        return false;
+    }
+    return [[(NSButtonCell *)cell attributedTitle] size].width + 20 > NSWidth([view bounds]);
+}
+
 platform::Hook<NSRect, NSAttributedString *, NSRect, NSView *> drawTitleHook;
 
 // The title of the default button stands on the accent colour.
@@ -91,11 +100,8 @@ void flattheme::installButtonHooks() {
 
 - (GSThemeMargins)buttonMarginsForCell:(NSCell *)cell style:(int)style state:(GSThemeControlState)state {
     GSThemeMargins margins;
-    // A small button needs its width for its title.
-    constexpr CGFloat small = 44;
-    NSView *view = [cell controlView];
-    const bool isSmall = [view isKindOfClass:[NSButton class]] && NSWidth([view bounds]) < small;
-    margins.left = margins.right = isSmall || style == NSCircularBezelStyle ? 2 : 6;
+    const bool isRound = style == NSCircularBezelStyle || style == NSHelpButtonBezelStyle;
+    margins.left = margins.right = isRound || isTight(cell) ? 2 : 6;
     margins.top = margins.bottom = 3;
     return margins;
 }

@@ -6,6 +6,7 @@ namespace flattheme {
 void installFieldHooks();
 void installButtonHooks();
 void installSegmentHooks();
+void installTableHooks();
 void installToolbarHooks();
 void installScrollerHooks();
 void installMenuHooks();

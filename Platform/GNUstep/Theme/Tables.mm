@@ -1,9 +1,30 @@
 // Tables, outlines and their headers.
 #import "Drawing.h"
+#import "ElementHooks.h"
+#import "Hooks.h"
 #import "Palette.h"
 #import "QVFlatTheme.h"
 
+#include <cmath>
+
 using namespace flattheme;
+
+namespace {
+
+platform::Hook<id, NSRect> initTableHook;
+
+// AppKit's rows have one height, whatever the font's.
+id initTable(id self, SEL command, NSRect frame) {
+    NSTableView *table = initTableHook.original(self, command, frame);
+    [table setRowHeight:std::round([table rowHeight] * scale())];
+    return table;
+}
+
+} // namespace
+
+void flattheme::installTableHooks() {
+    initTableHook.install([NSTableView class], @selector(initWithFrame:), initTable);
+}
 
 @implementation QVFlatTheme (Tables)
 
