@@ -4,6 +4,7 @@
 #import "SHSlideshow.h"
 
 #include <algorithm>
+#include <cctype>
 #include <set>
 #include <utility>
 
@@ -46,11 +47,12 @@ std::string undoNameOf(Action action) {
 
 std::size_t wordsIn(std::string_view text) {
     std::size_t words = 0;
-    bool inside = false;
+    bool counted = false;
     for (const char c : text) {
-        const bool space = c == ' ' || c == '\n' || c == '\t';
-        words += !space && !inside ? 1 : 0;
-        inside = !space;
+        const auto byte = static_cast<unsigned char>(c);
+        const bool letter = byte >= 0x80U || std::isalnum(byte) != 0;
+        words += letter && !counted ? 1 : 0;
+        counted = letter || (counted && c != ' ' && c != '\n' && c != '\t');
     }
     return words;
 }
