@@ -14,7 +14,6 @@
     samplehost::LogFile _log;
     samplehost::Owned<SHSettings> _settings;
     samplehost::Owned<NSMutableArray<SHDocument *>> _documents;
-    samplehost::Owned<NSWindow> _aboutWindow;
     unsigned _untitledCount;
     bool _launched;
 }

@@ -136,7 +136,8 @@ flattheme::Look lookNamed(const std::string &appearance) {
     }
     [defaults setBool:YES forKey:tutorialShownKey];
     [defaults synchronize];
-    [self showTutorial:nil];
+    // Once the document's window stands, so that the introduction comes before it and has the keys.
+    platform::asyncAfter(0.5, [self] { [self showTutorial:nil]; });
 }
 
 #pragma mark What the plug-in posts

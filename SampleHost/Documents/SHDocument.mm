@@ -87,6 +87,7 @@ using namespace samplehost;
     [_window.get() makeFirstResponder:_editor];
     layOutSplit(_split);
     [_list fit];
+    [_editor fitToClip];
     [self goToSlide:0];
 }
 

@@ -24,6 +24,8 @@
 - (void)setTheme:(const samplehost::EditorTheme &)theme font:(NSFont *)font;
 /// What a search found: drawn on a coloured ground.
 - (void)setMarks:(std::vector<samplehost::TextRange>)marks;
+/// Makes the view at least as high as what of it can be seen.
+- (void)fitToClip;
 /// Colours the whole text anew.
 - (void)colour;
 /// Whether the text's attributes are changing and not the text.

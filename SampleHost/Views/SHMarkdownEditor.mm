@@ -41,6 +41,7 @@ Color colorOf(TextKind kind, const EditorTheme &theme) {
 + (NSScrollView *)scrollableEditorWithFrame:(NSRect)frame {
     NSScrollView *scroll = [[[NSScrollView alloc] initWithFrame:frame] autorelease];
     [scroll setHasVerticalScroller:YES];
+    [scroll setAutohidesScrollers:YES];
     [scroll setBorderType:NSNoBorder];
     const NSSize content = [scroll contentSize];
     const auto editor = own([[self alloc] initWithFrame:NSMakeRect(0, 0, content.width, content.height)]);
@@ -144,6 +145,35 @@ Color colorOf(TextKind kind, const EditorTheme &theme) {
     [storage endEditing];
     [self setTypingAttributes:[self plainAttributes]];
     _colouring = false;
+}
+
+// The whole of the visible part takes clicks, however short the text is.
+- (void)fitToClip {
+    const NSSize visible = [[self enclosingScrollView] contentSize];
+    [self setMinSize:NSMakeSize(0, visible.height)];
+    [self sizeToFit];
+    if (NSHeight([self frame]) < visible.height) {
+        [self setFrameSize:NSMakeSize(NSWidth([self frame]), visible.height)];
+    }
+}
+
+- (void)resizeWithOldSuperviewSize:(NSSize)size {
+    [super resizeWithOldSuperviewSize:size];
+    [self fitToClip];
+}
+
+- (void)keyDown:(NSEvent *)event {
+    NSString *characters = [event charactersIgnoringModifiers];
+    const unichar key = [characters length] > 0 ? [characters characterAtIndex:0] : 0;
+    if (([event modifierFlags] & (NSCommandKeyMask | NSControlKeyMask)) != 0) {
+        if (key == NSHomeFunctionKey) {
+            return [self moveToBeginningOfDocument:nil];
+        }
+        if (key == NSEndFunctionKey) {
+            return [self moveToEndOfDocument:nil];
+        }
+    }
+    [super keyDown:event];
 }
 
 // Tab goes on to the next control in forms; in a text it is two blanks.
