@@ -32,6 +32,7 @@ View Library::body() const {
 
 View AboutSection::body() const {
     std::vector<const Library*> sorted;
+    sorted.reserve(libraries.size());
     for (const Library& library : libraries)
         sorted.push_back(&library);
     // Equal names keep their order, which is that of the addresses.

@@ -122,7 +122,8 @@ template <class T> std::expected<T, DecodingError> decoded(std::string_view text
         return std::unexpected(std::move(document.error()));
     std::optional<DecodingError> error;
     T result{};
-    if (!Value(*document, error).read(result))
+    Value(*document, error).read(result);
+    if (error)
         return std::unexpected(std::move(*error));
     return result;
 }
