@@ -111,9 +111,10 @@ void drawTitle(NSString *title, NSRect area) {
     const Grid grid = gridFor([_windows count]);
     const CGFloat width = (NSWidth([self bounds]) - margin) / static_cast<CGFloat>(grid.columns);
     const CGFloat height = (NSHeight([self bounds]) - margin) / static_cast<CGFloat>(grid.rows);
-    const auto column = static_cast<CGFloat>(index % grid.columns);
-    const auto row = static_cast<CGFloat>(index / grid.columns);
-    return NSMakeRect(margin + column * width, NSMaxY([self bounds]) - (row + 1) * height, width - margin,
+    const NSUInteger column = index % grid.columns;
+    const NSUInteger row = index / grid.columns;
+    return NSMakeRect(margin + static_cast<CGFloat>(column) * width,
+                      NSMaxY([self bounds]) - static_cast<CGFloat>(row + 1) * height, width - margin,
                       height - margin);
 }
 
