@@ -12,7 +12,7 @@ namespace platform {
 
 // Declares and calls what the list of installers names. A completion that this GNUstep does not need is left out of the
 // build.
-#define QV_INSTALL(function) [[gnu::weak]] void function();
+#define QV_INSTALL(function) [[gnu::weak]] void function(); // NOLINT(bugprone-macro-parentheses)
 #include "Installers.h"
 #undef QV_INSTALL
 

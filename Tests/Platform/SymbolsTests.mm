@@ -92,4 +92,19 @@ TEST(SymbolImages, AreDrawnInTheTextColourAlsoAtADifferentSizeAndInCopies) {
     }
 }
 
+TEST(SymbolImages, AreSmallerInMenusAndOtherImagesAreNot) {
+    @autoreleasepool {
+        platform::prepareAppKit();
+        NSMenuItem *item = [[[NSMenuItem alloc] initWithTitle:@"Quote" action:nullptr keyEquivalent:@""] autorelease];
+        NSImage *symbol = [NSImage imageWithSystemSymbolName:@"text.quote" accessibilityDescription:@"Quote"];
+        [item setImage:symbol];
+        EXPECT_EQ([[item image] size].height, 16);
+        EXPECT_TRUE([[[item image] accessibilityDescription] isEqualToString:@"Quote"]);
+        EXPECT_EQ([symbol size].height, 20);
+        NSImage *other = [[[NSImage alloc] initWithSize:NSMakeSize(20, 20)] autorelease];
+        [item setImage:other];
+        EXPECT_EQ([item image], other);
+    }
+}
+
 } // namespace

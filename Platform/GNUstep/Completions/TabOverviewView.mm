@@ -114,8 +114,7 @@ void drawTitle(NSString *title, NSRect area) {
     const NSUInteger column = index % grid.columns;
     const NSUInteger row = index / grid.columns;
     return NSMakeRect(margin + static_cast<CGFloat>(column) * width,
-                      NSMaxY([self bounds]) - static_cast<CGFloat>(row + 1) * height, width - margin,
-                      height - margin);
+                      NSMaxY([self bounds]) - static_cast<CGFloat>(row + 1) * height, width - margin, height - margin);
 }
 
 - (void)refresh {

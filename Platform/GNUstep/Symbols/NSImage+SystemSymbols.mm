@@ -1,6 +1,7 @@
 // GNUstep 0.29 lacks system symbols. Here they are masks made from an icon package when this library is built.
 #import "NSImage+SystemSymbols.h"
 
+#import "Hooks.h"
 #import "SymbolImageRep.h"
 
 #include <dlfcn.h>
@@ -10,6 +11,8 @@
 namespace {
 
 constexpr NSSize symbolSize = {20, 20};
+// Beside the text of a menu item: smaller, with some room at both sides.
+constexpr NSSize sizeInMenus = {22, 16};
 
 // The masks lie beside this library, wherever that is.
 NSString *symbolsFolder() {
@@ -28,15 +31,19 @@ NSBitmapImageRep *mask(NSString *fileName) {
     return static_cast<NSBitmapImageRep *>([NSBitmapImageRep imageRepWithContentsOfFile:path]);
 }
 
-// Both masks of a symbol, or nil: an array, since menus and toolbars ask for the same symbols again and again.
+// The masks of a symbol, or nil: an array, since menus and toolbars ask for the same symbols again and again.
 NSArray *masks(NSString *name) {
     static NSMutableDictionary *cache = [[NSMutableDictionary alloc] init];
     NSArray *known = [cache objectForKey:name];
     if (known == nil && [name rangeOfString:@"/"].location == NSNotFound) {
-        NSBitmapImageRep *one = mask([name stringByAppendingString:@".png"]);
-        NSBitmapImageRep *two = mask([name stringByAppendingString:@"@2x.png"]);
-        if (one != nil && two != nil) {
-            known = [NSArray arrayWithObjects:one, two, nil];
+        NSMutableArray *found = [NSMutableArray array];
+        for (NSString *side in @[ @"16", @"20", @"40" ]) {
+            if (NSBitmapImageRep *one = mask([NSString stringWithFormat:@"%@-%@.png", name, side])) {
+                [found addObject:one];
+            }
+        }
+        if ([found count] == symbolMasks) {
+            known = [NSArray arrayWithArray:found]; // not to be copied by each image
             [cache setObject:known forKey:name];
         }
     }
@@ -83,6 +90,38 @@ NSArray *masks(NSString *name) {
 }
 
 @end
+
+namespace platform {
+
+namespace {
+
+Hook<void, NSImage *> setItemImage;
+
+void setSymbolOfMenuSize(id self, SEL selector, NSImage *image) {
+    if ([image isKindOfClass:[QVSymbolImage class]] && NSEqualSizes([image size], symbolSize)) {
+        image = [[image copy] autorelease];
+        [image setSize:sizeInMenus];
+    }
+    setItemImage.original(self, selector, image);
+}
+
+Hook<void, NSRect, NSView *> drawItemImage;
+
+// The chosen item's symbol has the colour of its title.
+void drawItemSymbol(id self, SEL selector, NSRect frame, NSView *view) {
+    [QVSymbolImageRep setColour:[self isHighlighted] ? [NSColor selectedMenuItemTextColor] : nil];
+    drawItemImage.original(self, selector, frame, view);
+    [QVSymbolImageRep setColour:nil];
+}
+
+} // namespace
+
+void installSymbolsInMenus() {
+    setItemImage.install([NSMenuItem class], @selector(setImage:), setSymbolOfMenuSize);
+    drawItemImage.install([NSMenuItemCell class], @selector(drawImageWithFrame:inView:), drawItemSymbol);
+}
+
+} // namespace platform
 
 @implementation NSImage (QVSystemSymbols)
 

@@ -5,11 +5,17 @@
 
 #include <cstdint>
 
+inline constexpr unsigned symbolMasks = 3;
+
 @interface QVSymbolImageRep : NSImageRep {
     NSArray *_masks;
-    NSImage *_tinted[2];
-    std::uint32_t _colour[2];
+    NSImage *_tinted[symbolMasks];
+    std::uint32_t _colour[symbolMasks];
 }
-/// `masks`: two NSBitmapImageRep, whose alpha counts, for 1 and for 2 pixels a point. `size` in points.
+/// `masks`: NSBitmapImageRep, whose alpha counts, from the smallest to the largest; as many as `symbolMasks`. `size` in
+/// points. A symbol is always drawn whole and in its own shape, in the middle of where it is drawn.
 - (instancetype)initWithMasks:(NSArray *)masks size:(NSSize)size;
+
+/// What symbols are drawn in instead of the text colour, until it is set to nil. Not retained.
++ (void)setColour:(NSColor *)colour;
 @end

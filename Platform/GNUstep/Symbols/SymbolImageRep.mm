@@ -1,5 +1,6 @@
 #import "SymbolImageRep.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -8,8 +9,11 @@ struct Colour {
     unsigned red, green, blue;
 };
 
-Colour textColour() {
-    NSColor *colour = [[NSColor controlTextColor] colorUsingColorSpaceName:NSCalibratedRGBColorSpace];
+NSColor *otherColour = nil;
+
+Colour inkColour() {
+    NSColor *colour = otherColour != nil ? otherColour : [NSColor controlTextColor];
+    colour = [colour colorUsingColorSpaceName:NSCalibratedRGBColorSpace];
     const auto byte = [](CGFloat component) { return static_cast<unsigned>(std::lround(component * 255)); };
     return {byte([colour redComponent]), byte([colour greenComponent]), byte([colour blueComponent])};
 }
@@ -52,6 +56,10 @@ NSBitmapImageRep *tintedBitmap(NSBitmapImageRep *mask, Colour colour) {
 
 @implementation QVSymbolImageRep
 
++ (void)setColour:(NSColor *)colour {
+    otherColour = colour;
+}
+
 - (instancetype)initWithMasks:(NSArray *)masks size:(NSSize)size {
     if ((self = [super init]) != nil) {
         _masks = [masks copy];
@@ -87,22 +95,31 @@ NSBitmapImageRep *tintedBitmap(NSBitmapImageRep *mask, Colour colour) {
 }
 
 // The symbol in the text colour; its size is its number of pixels, or its cache would lose the finer mask.
-- (NSImage *)tintedImage:(unsigned)scale {
-    const Colour colour = textColour();
-    if (_tinted[scale] == nil || _colour[scale] != key(colour)) {
-        NSBitmapImageRep *bitmap = tintedBitmap([_masks objectAtIndex:scale], colour);
+- (NSImage *)tintedImage:(unsigned)index {
+    const Colour colour = inkColour();
+    if (_tinted[index] == nil || _colour[index] != key(colour)) {
+        NSBitmapImageRep *bitmap = tintedBitmap([_masks objectAtIndex:index], colour);
         const auto pixelsWide = static_cast<CGFloat>([bitmap pixelsWide]);
         const auto pixelsHigh = static_cast<CGFloat>([bitmap pixelsHigh]);
         const NSSize pixels = NSMakeSize(pixelsWide, pixelsHigh);
         [bitmap setSize:pixels];
-        [_tinted[scale] release];
-        _tinted[scale] = [[NSImage alloc] initWithSize:pixels];
-        [_tinted[scale] setCacheMode:NSImageCacheAlways];
-        [_tinted[scale] addRepresentation:bitmap];
+        [_tinted[index] release];
+        _tinted[index] = [[NSImage alloc] initWithSize:pixels];
+        [_tinted[index] setCacheMode:NSImageCacheAlways];
+        [_tinted[index] addRepresentation:bitmap];
         [bitmap release];
-        _colour[scale] = key(colour);
+        _colour[index] = key(colour);
     }
-    return _tinted[scale];
+    return _tinted[index];
+}
+
+// The smallest mask that is large enough.
+- (unsigned)maskForPixels:(CGFloat)pixels {
+    unsigned index = 0;
+    while (index + 1 < symbolMasks && pixels > static_cast<CGFloat>([[_masks objectAtIndex:index] pixelsWide]) * 1.01) {
+        index++;
+    }
+    return index;
 }
 
 // The superclass opens an off-screen window for each drawing, and a bitmap's own drawing does not paint over what is
@@ -113,13 +130,11 @@ NSBitmapImageRep *tintedBitmap(NSBitmapImageRep *mask, Colour colour) {
           fraction:(CGFloat)fraction
     respectFlipped:(BOOL)respectFlipped
              hints:(NSDictionary *)hints {
-    const NSSize size = [self size];
-    const NSSize pixels = [[[NSGraphicsContext currentContext] GSCurrentCTM] transformSize:target.size];
-    NSImage *image = [self tintedImage:std::fabs(pixels.width) > size.width * 1.01 ? 1 : 0];
-    const CGFloat scale = [image size].width / size.width;
-    [image drawInRect:target
-              fromRect:NSMakeRect(NSMinX(source) * scale, NSMinY(source) * scale, NSWidth(source) * scale,
-                                  NSHeight(source) * scale)
+    const CGFloat side = std::min(NSWidth(target), NSHeight(target));
+    const NSSize pixels = [[[NSGraphicsContext currentContext] GSCurrentCTM] transformSize:NSMakeSize(side, side)];
+    [[self tintedImage:[self maskForPixels:std::fabs(pixels.width)]]
+            drawInRect:NSMakeRect(NSMidX(target) - side / 2, NSMidY(target) - side / 2, side, side)
+              fromRect:NSZeroRect
              operation:operation
               fraction:fraction
         respectFlipped:respectFlipped
