@@ -191,6 +191,29 @@ TEST_F(Presentation, EndWithoutBeginLeavesTheCursorAlone) {
     [NSCursor setHiddenUntilMouseMoves:NO];
 }
 
+TEST_F(Presentation, SurvivesTheLossOfEitherDisplayAndBeginsAnewWhenItIsBack) {
+    for (const std::size_t lost : {0U, 1U}) {
+        ASSERT_EQ(begin(controller_, slides_), "no problem");
+        ASSERT_TRUE(shows(slidesColour, 1));
+        auto rest = test::usualDisplays(2);
+        rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(lost));
+        rest[0].x = 0;
+        ASSERT_TRUE(test::arrange(rest));
+        for (NSWindow *window : {[[document_ contentView] window], [[slides_ contentView] window]}) {
+            EXPECT_TRUE(test::runUntil([&] { return test::covers(window, [screen(0) frame]); })) << lost;
+        }
+        EXPECT_TRUE(shows(documentColour, 0)) << "the presenter's view has the keys";
+        [controller_ endFullscreenSetup];
+        EXPECT_FALSE([[document_ contentView] isInFullScreenMode]);
+        EXPECT_FALSE([[slides_ contentView] isInFullScreenMode]);
+        EXPECT_NE(begin(controller_, slides_), "no problem");
+        ASSERT_TRUE(test::arrange(test::usualDisplays(2)));
+    }
+    EXPECT_EQ(begin(controller_, slides_), "no problem");
+    EXPECT_TRUE(shows(documentColour, 0));
+    EXPECT_TRUE(shows(slidesColour, 1));
+}
+
 TEST_F(Presentation, EndsWhenTheSlidesWindowIsGone) {
     begin(controller_, slides_);
     [slides_ close];

@@ -36,6 +36,23 @@ int rootHeight() {
     return static_cast<int>(height);
 }
 
+void run(const std::string &command) {
+    [[maybe_unused]] const int result = std::system(("{ " + command + "; } >/dev/null 2>&1").c_str());
+}
+
+/// Every output takes every mode, once it is told.
+void addAllModes() {
+    static const bool added = [] {
+        for (const char *output : {"DUMMY0", "DUMMY1", "DUMMY2"}) {
+            for (const char *mode : {"1440x900", "1920x1080", "1280x720"}) {
+                run(std::string("xrandr --addmode ") + output + " " + mode);
+            }
+        }
+        return true;
+    }();
+    static_cast<void>(added);
+}
+
 } // namespace
 
 std::vector<Display> usualDisplays(std::size_t count) {
@@ -47,7 +64,6 @@ std::vector<Display> usualDisplays(std::size_t count) {
 }
 
 void arrangeWithoutWaiting(const std::vector<Display> &displays) {
-    std::string command;
     std::string arguments = "xrandr";
     for (const char *output : {"DUMMY0", "DUMMY1", "DUMMY2"}) {
         const auto display =
@@ -58,12 +74,11 @@ void arrangeWithoutWaiting(const std::vector<Display> &displays) {
             continue;
         }
         const std::string mode = std::to_string(display->width) + "x" + std::to_string(display->height);
-        command += std::string("xrandr --addmode ") + output + " " + mode + "; ";
         arguments += " --mode " + mode + " --pos " + std::to_string(display->x) + "x" + std::to_string(display->y);
         arguments += display->primary ? " --primary" : "";
     }
-    command = "{ " + command + arguments + "; } >/dev/null 2>&1";
-    [[maybe_unused]] const int result = std::system(command.c_str());
+    addAllModes();
+    run(arguments);
 }
 
 bool screensMatch(const std::vector<Display> &displays) {

@@ -98,6 +98,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
 - (bool)coversTarget;
 - (void)moveToTarget;
 - (void)settle;
+- (void)aim;
 - (void)follow;
 - (NSScreen *)currentScreen;
 @end
@@ -122,8 +123,6 @@ bool isWithin(NSResponder *responder, NSView *view) {
     }
     QVFullScreenSession *session = [[self alloc] initWithView:view screen:screen];
     sessions().push_back(session);
-    [session moveViewOut];
-    [session cover];
     NSNotificationCenter *center = [NSNotificationCenter defaultCenter];
     [center addObserver:session
                selector:@selector(screensChanged:)
@@ -141,6 +140,9 @@ bool isWithin(NSResponder *responder, NSView *view) {
                selector:@selector(homeWillClose:)
                    name:NSWindowWillCloseNotification
                  object:session->_home];
+    // Showing a window reads events: the displays may change meanwhile.
+    [session moveViewOut];
+    [session cover];
 }
 
 - (void)end {
@@ -331,6 +333,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
     [self retain];
     platform::asyncAfter(pause, [self, round = _round] {
         if (runs(self) && round == _round && ++_round < lastRound) {
+            [self aim];
             const bool covers = [self coversTarget];
             if (!covers && _round % 4 == 0) {
                 [self moveToTarget];
@@ -343,12 +346,14 @@ bool isWithin(NSResponder *responder, NSView *view) {
     });
 }
 
-- (void)follow {
-    NSScreen *screen = [self currentScreen];
-    if (screen == nil) {
-        return;
+- (void)aim {
+    if (NSScreen *screen = [self currentScreen]) {
+        _target = [screen frame];
     }
-    _target = [screen frame];
+}
+
+- (void)follow {
+    [self aim];
     if (![self coversTarget]) {
         [self moveToTarget];
     }
