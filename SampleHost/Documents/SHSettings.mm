@@ -11,7 +11,8 @@ namespace {
 
 NSString *const recordKey = @"Settings";
 constexpr std::size_t previewsPerTheme = 5;
-constexpr double previewWidth = 480;
+/// The width at which they are shown: scaled pictures are coarse.
+constexpr double previewWidth = 97;
 
 /// What the previews show: one slide of each kind.
 constexpr std::array<std::string_view, previewsPerTheme> previewTexts{
@@ -25,7 +26,7 @@ constexpr std::array<std::string_view, previewsPerTheme> previewTexts{
 NSString *cacheDirectory() {
     NSArray<NSString *> *caches = NSSearchPathForDirectoriesInDomains(NSCachesDirectory, NSUserDomainMask, YES);
     NSString *base = [caches count] > 0 ? [caches objectAtIndex:0] : NSTemporaryDirectory();
-    NSString *directory = [base stringByAppendingPathComponent:@"SampleHost/Previews-1"];
+    NSString *directory = [base stringByAppendingPathComponent:@"SampleHost/Previews-2"];
     [[NSFileManager defaultManager] createDirectoryAtPath:directory
                               withIntermediateDirectories:YES
                                                attributes:nil

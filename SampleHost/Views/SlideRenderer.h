@@ -34,7 +34,7 @@ NSRect slideRect(const SlideSize &size, NSRect area);
 /// A small picture of the slide, `width` points wide, smoothly reduced; autoreleased.
 NSImage *slideImage(const Slide &slide, const SlideStyle &style, double width);
 
-/// Writes such a picture as PNG. Returns whether the file was written.
+/// Writes such a picture as PNG, with a thin line around the slide. Returns whether the file was written.
 bool writeSlidePicture(const Slide &slide, const SlideStyle &style, double width, NSString *path);
 
 } // namespace samplehost

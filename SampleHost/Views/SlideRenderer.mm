@@ -255,6 +255,24 @@ Owned<NSBitmapImageRep> reduced(NSBitmapImageRep *large, NSInteger factor) {
     return small;
 }
 
+/// Darkens the picture's edge: a white slide on a white ground still has one.
+void outline(NSBitmapImageRep *picture) {
+    unsigned char *data = [picture bitmapData];
+    const NSInteger width = [picture pixelsWide];
+    const NSInteger height = [picture pixelsHigh];
+    for (NSInteger y = 0; data != nullptr && y < height; ++y) {
+        for (NSInteger x = 0; x < width; ++x) {
+            if (x > 0 && y > 0 && x < width - 1 && y < height - 1) {
+                continue;
+            }
+            unsigned char *pixel = data + y * [picture bytesPerRow] + x * 3;
+            for (int i = 0; i < 3; ++i) {
+                pixel[i] = static_cast<unsigned char>((pixel[i] + 2 * 0x90) / 3);
+            }
+        }
+    }
+}
+
 } // namespace
 
 NSRect slideRect(const SlideSize &size, NSRect area) {
@@ -288,12 +306,16 @@ NSImage *slideImage(const Slide &slide, const SlideStyle &style, double width) {
     const auto large = pictureOf(slide, style, width * factor);
     const auto small = reduced(large.get(), factor);
     NSImage *image = [[[NSImage alloc] initWithSize:[small.get() size]] autorelease];
+    // It is pixels already; a copy in the window server can get lost when displays change.
+    [image setCacheMode:NSImageCacheNever];
     [image addRepresentation:small.get()];
     return image;
 }
 
 bool writeSlidePicture(const Slide &slide, const SlideStyle &style, double width, NSString *path) {
-    const auto picture = pictureOf(slide, style, width);
+    constexpr NSInteger factor = 3;
+    const auto picture = reduced(pictureOf(slide, style, width * factor).get(), factor);
+    outline(picture.get());
     NSData *data = [picture.get() representationUsingType:NSPNGFileType properties:@{}];
     return data != nil && [data writeToFile:path atomically:YES];
 }
