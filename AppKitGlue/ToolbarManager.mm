@@ -145,7 +145,8 @@ void QVAppKitControllerState::sendPopover(ToolbarAction action, NSRect rect) con
 - (void)setupToolbarURL:(NSURL *)url {
     const auto window = [self documentWindow];
     [window.get() setRepresentedURL:url];
-    [window.get() setTitle:[url lastPathComponent]];
+    NSString *name = [url lastPathComponent];
+    [window.get() setTitle:name != nil ? name : @""];
 }
 
 - (void)clearWindowToolbar {

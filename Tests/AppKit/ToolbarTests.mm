@@ -271,6 +271,9 @@ TEST_F(Toolbar, TitlesTheWindowAfterTheFile) {
     EXPECT_EQ(toUTF8([window.get() title]), "talk.md");
     [controller.get() setupToolbarURL:[NSURL URLWithString:@"file:///talks/spring/"]];
     EXPECT_EQ(toUTF8([window.get() title]), "spring");
+    [controller.get() setupToolbarURL:nil];
+    EXPECT_EQ([window.get() representedURL], nil);
+    EXPECT_EQ(toUTF8([window.get() title]), "");
 }
 
 TEST_F(Toolbar, TellsTheHostNothingOfTheTabOverview) {
