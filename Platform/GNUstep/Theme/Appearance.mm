@@ -5,6 +5,7 @@
 #import "Glyphs.h"
 #import "NSAppearance+Windows.h"
 #import "Palette.h"
+#import "Platform.h"
 #import "QVFlatTheme.h"
 
 namespace flattheme {
@@ -99,6 +100,7 @@ void flattheme::install() {
         return;
     }
     state().installed = true;
+    platform::prepareAppKit();
     installFieldHooks();
     installButtonHooks();
     installSegmentHooks();

@@ -19,7 +19,7 @@ void registerDefaults();
 
 /// Makes the flat theme the application's theme, in the look that was set last (automatic at first), and lets it follow
 /// the windows' `setAppearance:`: an aqua appearance makes the application light, a dark one dark, nil automatic.
-/// Idempotent.
+/// Prepares AppKit's completions too (keys for every control and menu among them). Idempotent.
 void install();
 
 /// Changes the look of everything that is on screen, at once. With `automatic` the desktop is asked in the background:
