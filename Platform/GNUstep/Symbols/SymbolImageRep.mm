@@ -1,5 +1,7 @@
 #import "SymbolImageRep.h"
 
+#import "Platform.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -18,9 +20,21 @@ Colour inkColour() {
     return {byte([colour redComponent]), byte([colour greenComponent]), byte([colour blueComponent])};
 }
 
+// How often the displays have changed: the surfaces of images are lost then.
+std::uint32_t displayChanges = 0;
+
 // Never 0, which stands for "not drawn yet".
 std::uint32_t key(Colour colour) {
-    return 1U << 24 | colour.red << 16 | colour.green << 8 | colour.blue;
+    return (displayChanges & 0x7FU) << 25 | 1U << 24 | colour.red << 16 | colour.green << 8 | colour.blue;
+}
+
+void drawSymbolsAnew() {
+    ++displayChanges;
+    for (NSWindow *window in [NSApp windows]) {
+        if ([window isVisible]) {
+            [[[window contentView] superview] setNeedsDisplay:YES];
+        }
+    }
 }
 
 // The mask in the colour, premultiplied. Retained for the caller.
@@ -55,6 +69,22 @@ NSBitmapImageRep *tintedBitmap(NSBitmapImageRep *mask, Colour colour) {
 } // namespace
 
 @implementation QVSymbolImageRep
+
++ (void)initialize {
+    if (self == [QVSymbolImageRep class]) {
+        [[NSNotificationCenter defaultCenter] addObserver:self
+                                                 selector:@selector(displaysChanged:)
+                                                     name:NSApplicationDidChangeScreenParametersNotification
+                                                   object:nil];
+    }
+}
+
+// The windows that keep the surfaces follow the change some time after the notification.
++ (void)displaysChanged:(NSNotification *)notification {
+    for (const double pause : {0.0, 0.3, 0.8}) {
+        platform::asyncAfter(pause, drawSymbolsAnew);
+    }
+}
 
 + (void)setColour:(NSColor *)colour {
     otherColour = colour;
