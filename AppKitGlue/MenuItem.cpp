@@ -22,6 +22,12 @@ bool decode(const json::Value& value, Wrapped& wrapped) {
     return value.firstElement(wrapped.children);
 }
 
+// Whatever stands there.
+struct Ignored {};
+bool decode(const json::Value&, Ignored&) {
+    return true;
+}
+
 void encode(json::Writer& writer, const MenuItem::Item& item) {
     writer.member("itemTitle", item.title);
     writer.member("itemImage", item.image);
@@ -72,8 +78,9 @@ static bool decode(const json::Value& value, MenuItem& item) {
         fatalError("MenuItem+Ext", __LINE__, "Fatal error");
     MenuItem::Nested entry;
     Wrapped wrapped{{entry.items}};
-    if (!value.member("itemTitle", entry.title) || !value.member("itemImage", entry.image) ||
-        !value.member("nested", wrapped))
+    std::vector<Ignored> outer;
+    if (!value.member("nested", outer) || !value.member("itemTitle", entry.title) ||
+        !value.member("itemImage", entry.image) || !value.member("nested", wrapped))
         return false;
     item = MenuItem::nested(std::move(entry.title), std::move(entry.image), std::move(entry.items));
     return true;

@@ -85,6 +85,8 @@ TEST(MenuJSON, BareChildrenAreRefused) {
               "nested[0]: expected an array, found nothing");
     EXPECT_EQ(errorOf(R"({"typeTag":"nested","itemTitle":"t","itemImage":"i"})"),
               "nested: expected an array, found nothing");
+    EXPECT_EQ(errorOf(R"({"typeTag":"nested"})"), "nested: expected an array, found nothing");
+    EXPECT_EQ(errorOf(R"({"typeTag":"nested","nested":[]})"), "itemTitle: expected a string, found nothing");
     EXPECT_EQ(errorOf(R"({"typeTag":"nested","itemImage":"i","nested":[[]]})"),
               "itemTitle: expected a string, found nothing");
 }

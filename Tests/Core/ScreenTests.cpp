@@ -1,6 +1,7 @@
 #include "Screen.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
 
@@ -121,6 +122,30 @@ TEST(ScreenRemembering, AllowsTheSameDisplayTwice) {
 TEST(ScreenFinding, TakesTheFirstOfEqualNames) {
     EXPECT_EQ(indexOfScreenNamed("X", std::vector{y, x, Screen{"X", false, 1, 1}}), 1U);
     EXPECT_FALSE(indexOfScreenNamed("X Main 1440×900", std::vector{x}));
+}
+
+rc::Gen<Screen> screens() {
+    return rc::gen::build<Screen>(
+        rc::gen::set(&Screen::name, rc::gen::container<std::string>(rc::gen::inRange<char>(1, 127))),
+        rc::gen::set(&Screen::isMain), rc::gen::set(&Screen::width), rc::gen::set(&Screen::height));
+}
+
+RC_GTEST_PROP(ScreenProperties, ChoicesReadBackEqual, (std::vector<int> times)) {
+    ScreenHandling handling;
+    for (const int time : times)
+        handling.combinations.push_back({*screens(), *screens(), time / 8.0});
+    const auto text = handling.encode();
+    RC_ASSERT(text.has_value());
+    RC_ASSERT((ScreenHandling::decode(*text) == handling));
+}
+
+RC_GTEST_PROP(ScreenProperties, WhatIsRememberedIsRestored, ()) {
+    const std::vector connected{*screens(), *screens()};
+    RC_PRE(connected[0].displayName() != connected[1].displayName());
+    ScreenHandling handling;
+    const ScreenNames chosen = names(connected[1], connected[0]);
+    RC_ASSERT(handling.remember(chosen, connected, 1).has_value());
+    RC_ASSERT((ScreenHandling::decodeOrEmpty(*handling.encode()).restoredNames(connected) == chosen));
 }
 
 } // namespace
