@@ -48,15 +48,27 @@ Track crossFadeTrack(NSView *view) {
     return track;
 }
 
+// AppKit itself sets frames to what they are; that is no animation.
+bool changesAnything(const Change &change) {
+    const Values now = change.track.read();
+    for (std::size_t part = 0; part < change.count; ++part) {
+        if (now.at(change.first + part) != change.values.at(part)) {
+            return true;
+        }
+    }
+    return AnimationDriver::shared().isAnimating(change.track, change.first);
+}
+
 bool animateImplicitly(NSView *view, SEL setter, const double *values) {
     if (AnimationDriver::shared().isMoving() || !AnimationGroup::currentAnimatesImplicitly()) {
         return false;
     }
     auto change = changeBySetter(view, setter, values);
-    if (change) {
-        AnimationDriver::shared().start(std::move(*change));
+    if (!change || !changesAnything(*change)) {
+        return false;
     }
-    return change.has_value();
+    AnimationDriver::shared().start(std::move(*change));
+    return true;
 }
 
 void setAlphaValue(id self, SEL command, CGFloat alpha) {
