@@ -100,7 +100,8 @@ void flattheme::install() {
         return;
     }
     state().installed = true;
-    platform::prepareAppKit();
+    // Not yet: what it touches starts helper processes, for which it is too early while the application launches.
+    platform::async([] { platform::prepareAppKit(); });
     installFieldHooks();
     installButtonHooks();
     installSegmentHooks();
