@@ -3,8 +3,10 @@
 //
 // One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
 // namespace platform. Completions that only add classes or methods need no line.
+
 QV_INSTALL(installAlphaDrawing)
 QV_INSTALL(installBoxHook)
+QV_INSTALL(installCachedImagesOnDisplayChange)
 QV_INSTALL(installContentViewControllers)
 QV_INSTALL(installFontManagerTargetHook)
 QV_INSTALL(installHTMLImport)
