@@ -6,6 +6,8 @@
 #import "SHPopover.h"
 #import "SHSlideshow.h"
 
+#include "FlatTheme.h"
+
 #include <fstream>
 #include <utility>
 
@@ -33,6 +35,10 @@ using namespace samplehost;
         [_editor setSelectedRange:NSMakeRange(0, 0)];
         _text = toUTF8([_editor string]);
         [self applySetting:@""];
+        [[NSNotificationCenter defaultCenter] addObserver:self
+                                                 selector:@selector(lookDidChange:)
+                                                     name:flattheme::lookDidChangeNotification
+                                                   object:nil];
         [[NSNotificationCenter defaultCenter] addObserver:self
                                                  selector:@selector(settingsDidChange:)
                                                      name:samplehost::settingsDidChange
@@ -123,6 +129,12 @@ using namespace samplehost;
 
 - (void)settingsDidChange:(NSNotification *)notification {
     [self applySetting:[[notification userInfo] objectForKey:@"key"]];
+}
+
+// The desktop may answer what it prefers long after the window is there.
+- (void)lookDidChange:(NSNotification *)notification {
+    (void)notification;
+    [self applySetting:@"editor"];
 }
 
 - (void)applySetting:(NSString *)key {

@@ -10,6 +10,8 @@
 
 namespace flattheme {
 
+NSString *const lookDidChangeNotification = @"FlatThemeLookDidChangeNotification";
+
 namespace {
 
 struct State {
@@ -41,6 +43,7 @@ void activate(bool dark) {
     [GSTheme setTheme:theme];
     installGlyphs();
     recolourWindows();
+    [[NSNotificationCenter defaultCenter] postNotificationName:lookDidChangeNotification object:nil];
 }
 
 void askDesktop() {

@@ -29,12 +29,16 @@ void setLook(Look look);
 /// The look that was set last, which may be `automatic`.
 Look currentLook();
 
+/// Posted (without an object) after the colours in use have changed between light and dark, for what has colours of its
+/// own to choose.
+extern NSString *const lookDidChangeNotification;
+
 /// Whether the colours in use are the dark ones.
 bool isDark();
 
 /// Whether `window` shows the menu bar. By default windows that can be resized do; panels, borderless windows and
 /// windows of a fixed size (preferences, an About window) do not: a strip of menus in each of them is noise. `window`
 /// must not be nil.
-void setShowsMenuBar(NSWindow* window, bool shows);
+void setShowsMenuBar(NSWindow *window, bool shows);
 
 } // namespace flattheme
