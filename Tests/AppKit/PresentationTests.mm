@@ -94,6 +94,20 @@ TEST_F(Presentation, OnTwoScreensShowsThePresenterViewAndTheSlides) {
     EXPECT_TRUE(test::cursorShows());
 }
 
+TEST_F(Presentation, OnTwoScreensCoversThePanelsOfBoth) {
+    const test::Panel first(NSMakeRect(0, 1040, 1440, 40));
+    const test::Panel second(NSMakeRect(1440, 0, 1920, 60));
+    ASSERT_TRUE(test::runUntil([] {
+        return test::screenPixel(NSMakePoint(700, 1060)) == test::Panel::colour &&
+               test::screenPixel(NSMakePoint(2000, 30)) == test::Panel::colour;
+    }));
+    EXPECT_EQ(begin(controller_, slides_), "no problem");
+    EXPECT_TRUE(shows(documentColour, 0));
+    EXPECT_TRUE(shows(slidesColour, 1));
+    [controller_ endFullscreenSetup];
+    EXPECT_TRUE(test::runUntil([] { return test::screenPixel(NSMakePoint(2000, 30)) == test::Panel::colour; }));
+}
+
 TEST_F(Presentation, OnTwoScreensFollowsTheStoredChoice) {
     store("DUMMY1  1920×1080", "DUMMY0 Main 1440×900");
     EXPECT_EQ(begin(controller_, slides_), "no problem");

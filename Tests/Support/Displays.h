@@ -49,4 +49,20 @@ bool covers(NSWindow *window, NSRect frame);
 /// The colour at a point of the root window, in AppKit's global coordinates, as 0xRRGGBB.
 unsigned screenPixel(NSPoint point);
 
+/// A panel as desktops have them: a magenta window of the kind "dock", kept above ordinary windows by the window
+/// manager.
+class Panel {
+public:
+    static constexpr unsigned colour = 0xff00ff;
+
+    /// Shows the panel over `frame` (AppKit's coordinates).
+    explicit Panel(NSRect frame);
+    ~Panel();
+    Panel(const Panel &) = delete;
+    Panel &operator=(const Panel &) = delete;
+
+private:
+    unsigned long window_;
+};
+
 } // namespace test

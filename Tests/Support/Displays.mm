@@ -189,4 +189,23 @@ unsigned screenPixel(NSPoint point) {
     return static_cast<unsigned>(value & 0xffffffUL);
 }
 
+Panel::Panel(NSRect frame)
+    : window_(XCreateSimpleWindow(server(), DefaultRootWindow(server()), static_cast<int>(NSMinX(frame)),
+                                  rootHeight() - static_cast<int>(NSMaxY(frame)), static_cast<unsigned>(NSWidth(frame)),
+                                  static_cast<unsigned>(NSHeight(frame)), 0, 0, colour)) {
+    const auto dock = static_cast<long>(XInternAtom(server(), "_NET_WM_WINDOW_TYPE_DOCK", False));
+    XChangeProperty(server(), window_, XInternAtom(server(), "_NET_WM_WINDOW_TYPE", False), XA_ATOM, 32,
+                    PropModeReplace, static_cast<const unsigned char *>(static_cast<const void *>(&dock)), 1);
+    XSizeHints hints{};
+    hints.flags = USPosition | USSize;
+    XSetWMNormalHints(server(), window_, &hints);
+    XMapWindow(server(), window_);
+    XSync(server(), False);
+}
+
+Panel::~Panel() {
+    XDestroyWindow(server(), window_);
+    XSync(server(), False);
+}
+
 } // namespace test

@@ -92,6 +92,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
 
 @interface QVFullScreenSession (Steps)
 - (instancetype)initWithView:(NSView *)view screen:(NSScreen *)screen;
+- (void)observe;
 - (void)moveViewOut;
 - (void)moveViewBack;
 - (void)cover;
@@ -123,23 +124,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
     }
     QVFullScreenSession *session = [[self alloc] initWithView:view screen:screen];
     sessions().push_back(session);
-    NSNotificationCenter *center = [NSNotificationCenter defaultCenter];
-    [center addObserver:session
-               selector:@selector(screensChanged:)
-                   name:NSApplicationDidChangeScreenParametersNotification
-                 object:nil];
-    [center addObserver:session
-               selector:@selector(homeBecameKey:)
-                   name:NSWindowDidBecomeKeyNotification
-                 object:session->_home];
-    [center addObserver:session
-               selector:@selector(viewFrameDidChange:)
-                   name:NSViewFrameDidChangeNotification
-                 object:view];
-    [center addObserver:session
-               selector:@selector(homeWillClose:)
-                   name:NSWindowWillCloseNotification
-                 object:session->_home];
+    [session observe];
     // Showing a window reads events: the displays may change meanwhile.
     [session moveViewOut];
     [session cover];
@@ -269,6 +254,20 @@ bool isWithin(NSResponder *responder, NSView *view) {
         return sameName;
     }
     return uncovered != nil ? uncovered : [all count] > 0 ? [all objectAtIndex:0] : nil;
+}
+
+- (void)observe {
+    NSNotificationCenter *center = [NSNotificationCenter defaultCenter];
+    [center addObserver:self
+               selector:@selector(screensChanged:)
+                   name:NSApplicationDidChangeScreenParametersNotification
+                 object:nil];
+    [center addObserver:self selector:@selector(homeBecameKey:) name:NSWindowDidBecomeKeyNotification object:_home];
+    [center addObserver:self
+               selector:@selector(viewFrameDidChange:)
+                   name:NSViewFrameDidChangeNotification
+                 object:_view];
+    [center addObserver:self selector:@selector(homeWillClose:) name:NSWindowWillCloseNotification object:_home];
 }
 
 - (void)moveViewOut {
