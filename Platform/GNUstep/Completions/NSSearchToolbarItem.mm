@@ -1,6 +1,8 @@
 // GNUstep 0.29 lacks search fields as toolbar items.
 #import "NSSearchToolbarItem.h"
 
+#import "NSTextField+Placeholder.h"
+
 #import <objc/runtime.h>
 
 @interface NSSearchToolbarItem (QVCancelling)
@@ -51,6 +53,7 @@
         _resignsFirstResponderWithCancel = YES;
         _preferredWidthForSearchField = 180;
         QVToolbarSearchField *field = [[QVToolbarSearchField alloc] initWithFrame:NSMakeRect(0, 0, 180, 24)];
+        [field setPlaceholderString:@"Search"];
         [self setSearchField:field];
         [field release];
     }
