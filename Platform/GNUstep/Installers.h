@@ -3,7 +3,6 @@
 //
 // One line for each completion, in alphabetical order: declare the function in its own .mm under the same name, in
 // namespace platform. Completions that only add classes or methods need no line.
-
 QV_INSTALL(installAlphaDrawing)
 QV_INSTALL(installBoxHook)
 QV_INSTALL(installCachedImagesOnDisplayChange)
@@ -25,6 +24,7 @@ QV_INSTALL(installSymbolsInMenus)
 QV_INSTALL(installToolbarDefaultItems)
 QV_INSTALL(installToolbarFlexibleSpaces)
 QV_INSTALL(installToolbarItemBorders)
+QV_INSTALL(installToolbarItemMenuForm)
 QV_INSTALL(installTopLevelObjectRelease)
 QV_INSTALL(installUnwritableDefaults)
 QV_INSTALL(installViewAppearanceHooks)

@@ -142,6 +142,41 @@ TEST_F(Completions, AToolbarShowsBorderedItemsButtonsAndASearchField) {
     [toolbar setDelegate:nil];
 }
 
+// What stands for the items that find no room.
+NSMenuItem *menuForm(NSToolbarItem *item) {
+    return [item performSelector:NSSelectorFromString(@"_defaultMenuFormRepresentation")];
+}
+
+TEST_F(Completions, AnItemWithoutRoomKeepsItsTagActionAndImageInTheMenu) {
+    NSToolbarItem *plain = [[[NSToolbarItem alloc] initWithItemIdentifier:@"plain"] autorelease];
+    [plain setLabel:@"Add Slide"];
+    [plain setTag:17];
+    [plain setTarget:target_];
+    [plain setAction:@selector(fire:)];
+    [plain setImage:[NSImage imageWithSystemSymbolName:@"plus" accessibilityDescription:nil]];
+    NSMenuItem *entry = menuForm(plain);
+    EXPECT_TRUE([[entry title] isEqualToString:@"Add Slide"]);
+    EXPECT_EQ([entry tag], 17);
+    EXPECT_NE([entry image], nil);
+    [NSApp sendAction:[entry action] to:[entry target] from:entry];
+    EXPECT_EQ(target_->fired, 1);
+    EXPECT_EQ(target_->lastSender, plain) << "an item without a view is the sender itself";
+}
+
+TEST_F(Completions, AButtonItemWithoutRoomFiresFromTheMenu) {
+    NSToolbarItem *item = [[[NSToolbarItem alloc] initWithItemIdentifier:@"button"] autorelease];
+    [item setView:[NSButton buttonWithTitle:@"Feedback" target:target_ action:@selector(fire:)]];
+    NSMenu *menu = [[[NSMenu alloc] initWithTitle:@""] autorelease];
+    [menu addItem:menuForm(item)];
+    EXPECT_TRUE([[[menu itemAtIndex:0] title] isEqualToString:@"Feedback"]);
+    [menu performActionForItemAtIndex:0];
+    EXPECT_EQ(target_->fired, 1);
+    EXPECT_EQ(target_->lastSender, [menu itemAtIndex:0]) << "the entry stands for the button";
+    NSSearchToolbarItem *search = [[[NSSearchToolbarItem alloc] initWithItemIdentifier:@"search"] autorelease];
+    [search setLabel:@""];
+    EXPECT_EQ(menuForm(search), nil) << "an entry without a title would say nothing";
+}
+
 TEST_F(Completions, ASearchItemSendsItsFieldsActionAndEscapeEmptiesIt) {
     NSSearchToolbarItem *search = [[[NSSearchToolbarItem alloc] initWithItemIdentifier:@"search"] autorelease];
     [search setTarget:target_];

@@ -1,4 +1,7 @@
 // The two functions of the blocks runtime that Objective-C code calls by name.
+//
+// A GNUstep method that keeps a block (of an observer, of a completion) keeps the very pointer it is given: hand it a
+// copy.
 #pragma once
 
 #ifdef __cplusplus
