@@ -5,6 +5,7 @@
 #import <QVAboutScreen.h>
 
 #include <AboutScreenView.h>
+#include <FlatTheme.h>
 #include <MenuItem+Ext.h>
 #include <SettingsPayload.h>
 #include <ToolbarAction.h>
@@ -13,6 +14,7 @@
 
 int main() {
     @autoreleasepool {
+        flattheme::registerDefaults();
         Class principal = [[NSBundle bundleWithPath:@BUNDLE] principalClass];
         QVAppKitController *controller = [[[principal alloc] init] autorelease];
         const auto record = appkitglue::SettingsPayload::defaultSettings().encode();
