@@ -8,6 +8,8 @@
 
 #include "FlatTheme.h"
 
+#include <expected>
+
 using namespace samplehost;
 
 namespace {
@@ -23,6 +25,29 @@ NSString *sampleTalkPath() {
     }
     NSString *program = [[NSBundle mainBundle] executablePath];
     return [[program stringByDeletingLastPathComponent] stringByAppendingPathComponent:@"Resources/sample-talk.md"];
+}
+
+/// The file's text, or why there is none. A file that does not exist yet is an empty talk, if it can be written.
+std::expected<std::string, std::string> textOfFile(NSString *path) {
+    NSFileManager *files = [NSFileManager defaultManager];
+    BOOL isDirectory = NO;
+    if (![files fileExistsAtPath:path isDirectory:&isDirectory]) {
+        return [files isWritableFileAtPath:[path stringByDeletingLastPathComponent]]
+                   ? std::expected<std::string, std::string>("")
+                   : std::unexpected("The file does not exist.");
+    }
+    if (isDirectory) {
+        return std::unexpected("This is a folder, not a talk.");
+    }
+    if ([[files attributesOfItemAtPath:path error:nullptr] fileSize] > largestFile) {
+        return std::unexpected("This file is too large for a talk.");
+    }
+    NSData *data = [NSData dataWithContentsOfFile:path];
+    if (data == nil) {
+        return std::unexpected("The file could not be read.");
+    }
+    // Bytes that are no UTF-8 are read as Latin-1.
+    return toUTF8(toNSString({static_cast<const char *>([data bytes]), [data length]}));
 }
 
 flattheme::Look lookNamed(const std::string &appearance) {
@@ -80,7 +105,6 @@ flattheme::Look lookNamed(const std::string &appearance) {
 
 - (void)applicationWillFinishLaunching:(NSNotification *)notification {
     (void)notification;
-    flattheme::install();
     if (_options.freshDefaults) {
         NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
         [defaults removePersistentDomainForName:[[NSProcessInfo processInfo] processName]];
@@ -91,6 +115,7 @@ flattheme::Look lookNamed(const std::string &appearance) {
 
 - (void)applicationDidFinishLaunching:(NSNotification *)notification {
     (void)notification;
+    flattheme::install();
     if (loadPlugIn(toNSString(_options.bundle)) == Nil) {
         showAlert(@"The plug-in could not be loaded.", toNSString(_options.bundle));
         [NSApp terminate:nil];
@@ -188,21 +213,16 @@ flattheme::Look lookNamed(const std::string &appearance) {
             return document;
         }
     }
-    NSDictionary<NSString *, id> *attributes = [[NSFileManager defaultManager] attributesOfItemAtPath:path
-                                                                                                error:nullptr];
-    if (attributes != nil && [attributes fileSize] > largestFile) {
-        showAlert(@"This file is too large for a talk.", path);
+    auto text = textOfFile(path);
+    if (!text) {
+        // A later turn: while the application launches its alerts do not come to the front.
+        const std::string reason = text.error();
+        const std::string file = toUTF8(path);
+        _log.write(eventlog::note("refused", file));
+        platform::async([reason, file] { showAlert(toNSString(reason), toNSString(file)); });
         return nil;
     }
-    NSData *data = [NSData dataWithContentsOfFile:path];
-    if (data == nil || [data bytes] == nullptr) {
-        if (data == nil || [data length] > 0) {
-            showAlert(@"The file could not be read.", path);
-            return nil;
-        }
-    }
-    const std::string_view bytes(static_cast<const char *>([data bytes]), [data length]);
-    return [self addDocumentWithText:toUTF8(toNSString(bytes)) path:path title:nil];
+    return [self addDocumentWithText:std::move(*text) path:path title:nil];
 }
 
 - (SHDocument *)openSampleTalk {
