@@ -84,6 +84,7 @@ QV_STRONG_OUTLET(AboutSettingsViewController, aboutViewController, setAboutViewC
     _store = store;
     [self selectTab:general];
     [[[self window] toolbar] setSelectedItemIdentifier:@"general"];
+    [[self window] center];
 }
 
 - (void)addTab:(Tab)tab controller:(PreferencesBaseViewController *)controller {

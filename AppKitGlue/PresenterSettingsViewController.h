@@ -3,6 +3,7 @@
 
 #import "PreferencesBaseViewController.h"
 
+#include "RetainPtr.h"
 #include "SettingsStore.h"
 #include "WeakObjCPtr.h"
 
@@ -12,7 +13,7 @@
 /// displays only when Apply finds it valid. A store or control that is missing when it is needed ends the process.
 @interface PresenterSettingsViewController : PreferencesBaseViewController {
     std::shared_ptr<appkitglue::PresenterStore> _store;
-    appkitglue::WeakObjCPtr<NSLayoutConstraint> _heightConstraint;
+    appkitglue::RetainPtr<NSLayoutConstraint> _heightConstraint;
     appkitglue::WeakObjCPtr<NSBox> _presenterBox;
     appkitglue::WeakObjCPtr<NSButton> _presenterModeToggle;
     appkitglue::WeakObjCPtr<NSTextField> _presenterModeLabel;
@@ -29,8 +30,8 @@
 /// The settings; set before the view is shown.
 @property (nonatomic) std::shared_ptr<appkitglue::PresenterStore> store;
 
-/// The height of the area with the tab's controls.
-@property (nonatomic, assign) IBOutlet NSLayoutConstraint *heightConstraint;
+/// The height of the area with the tab's controls. Kept alive: a view need not own its constraints.
+@property (nonatomic, retain) IBOutlet NSLayoutConstraint *heightConstraint;
 /// Controls of the interface file, not kept alive.
 @property (nonatomic, assign) IBOutlet NSBox *presenterBox;
 @property (nonatomic, assign) IBOutlet NSButton *presenterModeToggle;

@@ -22,7 +22,7 @@ constexpr double animationDuration = 0.25;
 @synthesize expandedHeight = _expandedHeight;
 @synthesize unexpandedHeight = _unexpandedHeight;
 
-QV_WEAK_OUTLET(NSLayoutConstraint, heightConstraint, setHeightConstraint)
+QV_STRONG_OUTLET(NSLayoutConstraint, heightConstraint, setHeightConstraint)
 QV_WEAK_OUTLET(NSBox, presenterBox, setPresenterBox)
 QV_WEAK_OUTLET(NSButton, presenterModeToggle, setPresenterModeToggle)
 QV_WEAK_OUTLET(NSTextField, presenterModeLabel, setPresenterModeLabel)
