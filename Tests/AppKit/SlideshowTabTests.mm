@@ -29,9 +29,7 @@ protected:
         press("Slideshow");
     }
 
-    static ScreenNames &names() {
-        return RoutingSettingsProvider::shared()->currentDisplayConfiguration().names;
-    }
+    static ScreenNames &names() { return RoutingSettingsProvider::shared()->currentDisplayConfiguration().names; }
     static bool isApplied() { return [[NSUserDefaults standardUserDefaults] dataForKey:defaultsKey] != nil; }
     static bool showsError() { return ![[slideshow() errorMessageField] isHidden]; }
     static bool isExpanded() {
