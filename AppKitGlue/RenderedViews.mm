@@ -12,7 +12,7 @@ void drawShape(const RoundedRectangle &shape, NSRect rect) {
     rect = NSInsetRect(rect, inset, inset);
     const double radius = shape.cornerRadius - inset;
     NSBezierPath *path = [NSBezierPath bezierPathWithRoundedRect:rect xRadius:radius yRadius:radius];
-    [colorFor(shape.color) set];
+    [shape.stroke ? inkFor(shape.color) : colorFor(shape.color) set];
     if (!shape.stroke) {
         [path fill];
         return;

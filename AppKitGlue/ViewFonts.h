@@ -13,6 +13,10 @@ NSFont *fontFor(FontRole role);
 /// The colour of a role in the current appearance. Autoreleased.
 NSColor *colorFor(ColorRole role);
 
+/// The same colour for texts and lines on a window's background: an accent that could hardly be seen there is moved
+/// towards the colour of texts. Autoreleased.
+NSColor *inkFor(ColorRole role);
+
 /// The text in its font and colour. Autoreleased.
 NSAttributedString *attributedText(const Text &text);
 

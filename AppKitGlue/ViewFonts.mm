@@ -3,6 +3,8 @@
 #import "Platform.h"
 #import "StringBridging.h"
 
+#include "ColorContrast.h"
+
 #include <cmath>
 #include <memory>
 #include <unordered_map>
@@ -38,6 +40,11 @@ private:
     std::unordered_map<std::string, Size> m_sizes;
     std::unordered_map<std::string, std::optional<Size>> m_brokenSizes;
 };
+
+RGB rgb(NSColor *color) {
+    NSColor *const plain = [color colorUsingColorSpaceName:NSDeviceRGBColorSpace];
+    return plain ? RGB{[plain redComponent], [plain greenComponent], [plain blueComponent]} : RGB{};
+}
 
 double verticalScrollerWidth() {
     const NSSize size = NSMakeSize(100, 100);
@@ -79,10 +86,22 @@ NSColor *colorFor(ColorRole role) {
     return nil;
 }
 
+NSColor *inkFor(ColorRole role) {
+    NSColor *const color = colorFor(role);
+    if (role != ColorRole::accent)
+        return color;
+    NSColor *const text = [NSColor controlTextColor];
+    const double share = inkNeeded(rgb(color), rgb(text), rgb([NSColor windowBackgroundColor]));
+    if (share == 0)
+        return color;
+    NSColor *const plain = [color colorUsingColorSpaceName:NSDeviceRGBColorSpace];
+    return [plain blendedColorWithFraction:share ofColor:[text colorUsingColorSpaceName:NSDeviceRGBColorSpace]];
+}
+
 NSAttributedString *attributedText(const Text &text) {
     NSDictionary *attributes = @{
         NSFontAttributeName : fontFor(text.font.value_or(FontRole::body)),
-        NSForegroundColorAttributeName : colorFor(text.color.value_or(ColorRole::label)),
+        NSForegroundColorAttributeName : inkFor(text.color.value_or(ColorRole::label)),
     };
     return [[[NSAttributedString alloc] initWithString:toNSString(text.text) attributes:attributes] autorelease];
 }
