@@ -110,12 +110,12 @@ flattheme::Look lookNamed(const std::string &appearance) {
         [defaults removePersistentDomainForName:[[NSProcessInfo processInfo] processName]];
         [defaults synchronize];
     }
-    installMainMenu();
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification *)notification {
     (void)notification;
     flattheme::install();
+    installMainMenu();
     if (loadPlugIn(toNSString(_options.bundle)) == Nil) {
         showAlert(@"The plug-in could not be loaded.", toNSString(_options.bundle));
         [NSApp terminate:nil];
@@ -215,11 +215,11 @@ flattheme::Look lookNamed(const std::string &appearance) {
     }
     auto text = textOfFile(path);
     if (!text) {
-        // A later turn: while the application launches its alerts do not come to the front.
+        // Later: while documents open, an alert gets neither the front nor the keys.
         const std::string reason = text.error();
         const std::string file = toUTF8(path);
         _log.write(eventlog::note("refused", file));
-        platform::async([reason, file] { showAlert(toNSString(reason), toNSString(file)); });
+        platform::asyncAfter(0.6, [reason, file] { showAlert(toNSString(reason), toNSString(file)); });
         return nil;
     }
     return [self addDocumentWithText:std::move(*text) path:path title:nil];
