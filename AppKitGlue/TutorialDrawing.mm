@@ -87,13 +87,14 @@ void drawChart(NSRect rect) {
     const CGFloat column = rect.size.width / static_cast<CGFloat>(heights.size());
     for (std::size_t i = 0; i < heights.size(); ++i) {
         [faint([NSColor controlAccentColor], i + 1 == heights.size() ? 1 : 0.5) set];
-        NSRectFill(NSMakeRect(std::round(rect.origin.x + static_cast<CGFloat>(i) * column), rect.origin.y,
-                              std::round(column * 0.7), std::round(rect.size.height * heights.at(i))));
+        [NSBezierPath fillRect:NSMakeRect(std::round(rect.origin.x + static_cast<CGFloat>(i) * column), rect.origin.y,
+                                          std::round(column * 0.7), std::round(rect.size.height * heights.at(i)))];
     }
 }
 
 NSColor *faint(NSColor *color, CGFloat alpha) {
-    return [[color colorUsingColorSpaceName:NSCalibratedRGBColorSpace] colorWithAlphaComponent:alpha];
+    // As numbers: the theme's named colours ignore an alpha of their own here and there.
+    return [[color colorUsingColorSpace:[NSColorSpace deviceRGBColorSpace]] colorWithAlphaComponent:alpha];
 }
 
 } // namespace appkitglue::tutorial

@@ -56,7 +56,7 @@ NSTextField *caption(NSString *text, NSRect frame) {
     NSTextField *field = [[[NSTextField alloc] initWithFrame:frame] autorelease];
     [field setStringValue:text];
     [field setFont:[NSFont systemFontOfSize:11]];
-    [field setAlignment:NSCenterTextAlignment];
+    [field setAlignment:NSTextAlignmentCenter];
     [field setBezeled:NO];
     [field setBordered:NO];
     [field setDrawsBackground:NO];
@@ -160,8 +160,8 @@ void drawHandles(NSRect rect) {
     const NSRect header = NSMakeRect(341, NSMaxY(slide) - 27, 318, 26);
     const NSRect footer = NSMakeRect(341, slide.origin.y + 1, 318, 26);
     [tint set];
-    NSRectFillUsingOperation(header, NSCompositeSourceOver);
-    NSRectFillUsingOperation(footer, NSCompositeSourceOver);
+    [NSBezierPath fillRect:header];
+    [NSBezierPath fillRect:footer];
     drawText(@"Quarterly Review", NSMakePoint(354, header.origin.y + 6), 11, Weight::regular, [NSColor textColor]);
     drawText(@"Example Inc.", NSMakePoint(354, footer.origin.y + 6), 11, Weight::regular, [NSColor textColor]);
     drawText(@"2 of 6", NSMakePoint(614, footer.origin.y + 6), 11, Weight::regular, [NSColor textColor]);

@@ -2,7 +2,7 @@
 add_library(qv_objc INTERFACE)
 if(APPLE)
     target_compile_options(qv_objc INTERFACE -fno-objc-arc -fblocks)
-    target_link_libraries(qv_objc INTERFACE "-framework AppKit" "-framework Foundation")
+    target_link_libraries(qv_objc INTERFACE "-framework AppKit" "-framework Foundation" "-framework QuartzCore")
     return()
 endif()
 

@@ -1,2 +1,4 @@
 // Apple's AppKit lacks nothing that the bundle uses.
 #pragma once
+
+#import <QuartzCore/QuartzCore.h>
