@@ -122,6 +122,11 @@ flattheme::Look lookNamed(const std::string &appearance) {
         return;
     }
     _settings = own([[SHSettings alloc] initWithLog:&_log]);
+    if (!_options.appearance.empty()) {
+        auto settings = [_settings.get() settings];
+        settings.generalAppearance = _options.appearance;
+        [_settings.get() change:settings key:@"generalAppearance"];
+    }
     flattheme::setLook(lookNamed([_settings.get() settings].generalAppearance));
     [plugInClass() setupPreferencesDelegate:_settings.get()];
     [self observe];

@@ -27,10 +27,10 @@ bool readFlag(std::string_view argument, Options& options) {
 
 Options parseOptions(std::span<const char* const> arguments) {
     Options options;
-    const std::array<std::pair<std::string_view, std::string*>, 4> values{{{"--log", &options.log},
+    const std::array<std::pair<std::string_view, std::string*>, 5> values{{{"--log", &options.log},
                                                                            {"--bundle", &options.bundle},
                                                                            {"--describe", &options.describe},
-                                                                           {"--clock", &options.clock}}};
+                                                                           {"--clock", &options.clock}, {"--appearance", &options.appearance}}};
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string_view argument = arguments[i];
         if (readFlag(argument, options)) {
@@ -66,6 +66,7 @@ std::string usage() {
            "  --log FILE         append one JSON line for each message from the plug-in to FILE\n"
            "  --bundle PATH      load this plug-in instead of the one beside the program\n"
            "  --describe FILE    tell in FILE where everything is on screen, whenever FILE.request appears\n"
+           "  --appearance NAME  start in this appearance: light, dark or auto\n"
            "  --clock HH:MM      stop the clocks at this time\n"
            "  --defaults-fresh   forget the stored settings first\n"
            "  --no-tutorial      do not show the introduction at a first start\n"

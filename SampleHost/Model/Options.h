@@ -14,6 +14,8 @@ struct Options {
     std::string bundle;
     /// Where to answer requests for a description of the windows; empty for nowhere. For tests and the tour.
     std::string describe;
+    /// The appearance to start in, in place of the stored one; empty for that.
+    std::string appearance;
     /// The time that clocks show, "10:05", with no seconds passing; empty for the real one. For pictures that can be
     /// compared.
     std::string clock;
