@@ -1,0 +1,80 @@
+"""What the keyboard alone can do."""
+import os
+
+from sample_host import wait_for
+from steps import logged, open_document, read
+
+
+def scenario_new_type_and_save_with_the_keyboard():
+    with open_document("# One\n") as host:
+        host.key("n", "Control_L")
+        wait_for(lambda: len(host.describe()) == 2, "a second window")
+        host.key("w", "Control_L")
+        wait_for(lambda: len(host.describe()) == 1, "it to close")
+        host.click_into_editor_at_end()
+        host.screen.type("more words")
+        host.key("s", "Control_L")
+        wait_for(lambda: "more words" in read(host.file), "the words in the file")
+
+
+def scenario_f10_opens_the_menu_bar_and_arrows_choose():
+    with open_document("# One\n") as host:
+        host.click_into_editor_at_end()
+        host.key("F10")
+        wait_for(lambda: host.shows("Preferences…", "NSMenuItem"), "the first menu")
+        host.key("Right")
+        wait_for(lambda: host.shows("Save As…", "NSMenuItem"), "the second menu")
+        host.key("Escape")
+        wait_for(lambda: not host.shows("Save As…", "NSMenuItem"), "the menu to close")
+
+
+def scenario_tab_reaches_every_control_of_preferences():
+    with open_document("# One\n") as host:
+        host.key("comma", "Control_L")
+        host.window("Preferences")
+
+        def focused():
+            return next((tuple(v.frame) for v in host.views("Preferences") if v["focused"]), None)
+        wait_for(focused, "a focused control")
+        wanted = {tuple(v.frame) for v in host.views("Preferences")
+                  if v.kind in ("NSPopUpButton", "NSButton") and v["enabled"] and v["visible"][2] > 0 and "GSToolbar" not in v.kind}
+        reached = set()
+        for _ in range(3 * len(wanted) + 6):
+            place = focused()
+            if place:
+                reached.add(place)
+            host.key("Tab")
+            if wanted <= reached:
+                break
+        assert wanted <= reached, f"not reached: {wanted - reached}"
+        host.key("Escape")
+        host.key("w", "Control_L")
+        host.window_gone("Preferences")
+
+
+def scenario_unsaved_changes_ask_and_escape_keeps_the_window():
+    with open_document("# One\n") as host:
+        host.click_into_editor_at_end()
+        host.screen.type("x")
+        host.key("w", "Control_L")
+        wait_for(lambda: len(host.describe()) == 2, "the question")
+        host.key("Escape")
+        wait_for(lambda: len(host.describe()) == 1, "the answer")
+        assert host.window(host.title)
+        host.key("w", "Control_L")
+        wait_for(lambda: len(host.describe()) == 2, "the question again")
+        host.key("Return")
+        wait_for(lambda: "x" in read(host.file), "the change in the file")
+        assert os.path.exists(host.file)
+
+
+def scenario_font_size_commands_report_each_step():
+    with open_document("# One\n") as host:
+        host.click_into_editor_at_end()
+        host.menu_bar("Format", "Bigger Text")
+        entry = host.wait_log(lambda entry: entry.get("affectedKey") == "editorFontSize", "the new size")
+        size = entry["record"]["editorFontSize"]
+        host.menu_bar("Format", "Smaller Text")
+        host.wait_log(lambda entry: entry.get("affectedKey") == "editorFontSize"
+                      and entry["record"]["editorFontSize"] == size - 2, "two points less")
+        assert not [entry for entry in host.log() if logged(entry, "error")]
