@@ -2,7 +2,7 @@
 import os
 
 from sample_host import wait_for
-from steps import logged, open_document, read
+from steps import logged, open_document, opened, read
 
 
 def scenario_new_type_and_save_with_the_keyboard():
@@ -57,12 +57,12 @@ def scenario_unsaved_changes_ask_and_escape_keeps_the_window():
         host.click_into_editor_at_end()
         host.screen.type("x")
         host.key("w", "Control_L")
-        wait_for(lambda: len(host.describe()) == 2, "the question")
+        opened(host, 2, "the question")
         host.key("Escape")
         wait_for(lambda: len(host.describe()) == 1, "the answer")
         assert host.window(host.title)
         host.key("w", "Control_L")
-        wait_for(lambda: len(host.describe()) == 2, "the question again")
+        opened(host, 2, "the question again")
         host.key("Return")
         wait_for(lambda: "x" in read(host.file), "the change in the file")
         assert os.path.exists(host.file)

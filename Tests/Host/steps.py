@@ -54,6 +54,12 @@ def press_toolbar(host, label, window=None):
     return item
 
 
+def opened(host, count, what):
+    """Waits until there are `count` windows and one that is not a document has the keys."""
+    wait_for(lambda: len(host.describe()) == count and any(w["key"] and "Document" not in w["class"] for w in host.describe()),
+             lambda: f"{what}: {[(w['title'], w['key']) for w in host.describe()]}")
+
+
 def save(host):
     host.key("s", "Control_L")
     host.wait_log(lambda entry: entry["event"] == "saved" or entry.get("what") == "saved", "the document to be saved")

@@ -1,6 +1,6 @@
 """The toolbar and its menus, as the bundle sends them and as the host acts on them."""
 from sample_host import Host, wait_for
-from steps import logged, open_document, press_toolbar, read, save
+from steps import logged, open_document, opened, press_toolbar, read, save
 
 
 def scenario_insert_menu_reports_its_opening_and_the_choice_and_the_file_gets_a_numbered_list():
@@ -66,6 +66,6 @@ def scenario_undo_takes_an_insertion_back_and_redo_brings_it_again():
 def scenario_tab_overview_shows_the_windows_and_brings_the_chosen_one_forward():
     with open_document("# One\n", "# Two\n") as host:
         press_toolbar(host, "Tab Overview", window="talk2.md")
-        wait_for(lambda: len(host.describe()) == 3, "the overview's window")
+        opened(host, 3, "the overview's window")
         host.key("Escape")
         wait_for(lambda: len(host.describe()) == 2, "the overview to close")

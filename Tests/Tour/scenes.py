@@ -10,7 +10,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 from PIL import Image  # noqa: E402
 
 from sample_host import Host, wait_for  # noqa: E402
-from steps import press_toolbar  # noqa: E402
+from steps import opened, press_toolbar  # noqa: E402
 
 ALL_CHECKS = ("layout", "contrast", "compare")
 PRIMARY = (0, 0, 1440, 900)
@@ -99,7 +99,7 @@ def document(look, directory, font_scale):
         wait_for(lambda: not host.shows("Comment", "NSMenuItem", None) or len(host.describe()) == 1, "the menu to close")
         for name in ("Media", "Inspector", "Play", "Overrides", "Themes"):
             press_toolbar(host, name)
-            wait_for(lambda: len(host.describe()) > 1, f"the popover of {name}")
+            opened(host, 2, f"the popover of {name}")
             host.park_pointer()
             host.keep("popover-" + name.lower())
             host.key("Escape")
@@ -170,13 +170,13 @@ def windows(look, directory, font_scale):
     with Stage(look, directory, font_scale, arguments=("--no-tutorial", paths[0], paths[1])) as host:
         host.window("beta.md")
         host.key("o", "Control_L")
-        wait_for(lambda: len(host.describe()) == 3, "the open panel")
+        opened(host, 3, "the open panel")
         host.park_pointer()
-        host.keep("open-panel", judged=("contrast", "compare"))
+        host.keep("open-panel", judged=("contrast",))       # it lists what lies around
         host.key("Escape")
         wait_for(lambda: len(host.describe()) == 2, "the open panel to close")
         press_toolbar(host, "Tab Overview", window="beta.md")
-        wait_for(lambda: len(host.describe()) == 3, "the overview")
+        opened(host, 3, "the overview")
         host.park_pointer()
         host.keep("tab-overview", judged=("layout", "compare"))
         host.key("Escape")
@@ -189,7 +189,7 @@ def windows(look, directory, font_scale):
         host.click(kind="Editor", window="beta.md")
         host.screen.type("x")
         host.key("w", "Control_L")
-        wait_for(lambda: len(host.describe()) == 3, "the alert")
+        opened(host, 3, "the alert")
         host.park_pointer()
         host.keep("save-alert")
     with Stage(look, directory, font_scale, arguments=("--no-tutorial", paths[2])) as host:
