@@ -5,10 +5,15 @@
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 @interface NSMenuView (QVPrivateTracking)
 - (BOOL)_trackWithEvent:(NSEvent *)event startingMenuView:(NSMenuView *)start;
+@end
+
+@interface NSMenu (QVPrivateOwner)
+- (BOOL)_ownedByPopUp;
 @end
 
 namespace platform {
@@ -34,8 +39,34 @@ public:
     Nesting &operator=(const Nesting &) = delete;
 };
 
+NSEvent *nextPress(NSDate *until) {
+    return [NSApp nextEventMatchingMask:NSLeftMouseUpMask | NSLeftMouseDraggedMask
+                              untilDate:until
+                                 inMode:NSEventTrackingRunLoopMode
+                                dequeue:YES];
+}
+
+// A click opens the menu and leaves it open for another click; pressing, dragging and releasing chooses in one go. Takes
+// the click's release out of the queue; returns at once when the button is not down.
+void letClickPass() {
+    constexpr CGFloat dragDistance = 4;
+    const NSPoint pressed = [NSEvent mouseLocation];
+    NSEvent *event = nextPress([NSDate distantPast]);
+    while (event != nil || ([NSEvent pressedMouseButtons] & 1) != 0) {
+        const NSPoint now = [NSEvent mouseLocation];
+        const bool dragged = std::hypot(now.x - pressed.x, now.y - pressed.y) > dragDistance;
+        if (event != nil && ([event type] == NSLeftMouseUp || dragged)) {
+            return;
+        }
+        event = nextPress([NSDate dateWithTimeIntervalSinceNow:0.05]);
+    }
+}
+
 BOOL trackNestedMenu(id self, SEL selector, NSEvent *event, NSMenuView *start) {
     const Nesting nesting;
+    if (trackedMenus == 1 && [event type] == NSLeftMouseDown && [[self menu] _ownedByPopUp]) {
+        letClickPass();
+    }
     return trackWithEvent.original(self, selector, event, start);
 }
 

@@ -125,11 +125,6 @@ void flattheme::installMenuHooks() {
     return colour(palette().menuSeparator);
 }
 
-// A click on a pop-up button leaves its menu open for a second click, as menus do everywhere else.
-- (BOOL)doesProcessEventsForPopUpMenu {
-    return YES;
-}
-
 - (CGFloat)menuItemHeight {
     return std::round(24 * scale());
 }
