@@ -30,7 +30,8 @@ Options parseOptions(std::span<const char* const> arguments) {
     const std::array<std::pair<std::string_view, std::string*>, 5> values{{{"--log", &options.log},
                                                                            {"--bundle", &options.bundle},
                                                                            {"--describe", &options.describe},
-                                                                           {"--clock", &options.clock}, {"--appearance", &options.appearance}}};
+                                                                           {"--clock", &options.clock},
+                                                                           {"--appearance", &options.appearance}}};
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string_view argument = arguments[i];
         if (readFlag(argument, options)) {

@@ -3,6 +3,9 @@
 #import "Hooks.h"
 
 #import <AppKit/AppKit.h>
+#import <GNUstepGUI/GSDisplayServer.h>
+
+#include <X11/Xlib.h>
 
 #include <algorithm>
 #include <cmath>
@@ -46,13 +49,27 @@ NSEvent *nextPress(NSDate *until) {
                                 dequeue:YES];
 }
 
-// A click opens the menu and leaves it open for another click; pressing, dragging and releasing chooses in one go. Takes
-// the click's release out of the queue; returns at once when the button is not down.
+// +[NSEvent pressedMouseButtons] always answers 0 here.
+bool leftButtonIsDown() {
+    auto *display = static_cast<Display *>([GSCurrentServer() serverDevice]);
+    ::Window root = 0;
+    ::Window child = 0;
+    int rootX = 0;
+    int rootY = 0;
+    int x = 0;
+    int y = 0;
+    unsigned mask = 0;
+    XQueryPointer(display, DefaultRootWindow(display), &root, &child, &rootX, &rootY, &x, &y, &mask);
+    return (mask & Button1Mask) != 0;
+}
+
+// A click opens the menu and leaves it open for another click; pressing, dragging and releasing chooses in one go.
+// Takes the click's release out of the queue; returns at once when the button is not down.
 void letClickPass() {
     constexpr CGFloat dragDistance = 4;
     const NSPoint pressed = [NSEvent mouseLocation];
     NSEvent *event = nextPress([NSDate distantPast]);
-    while (event != nil || ([NSEvent pressedMouseButtons] & 1) != 0) {
+    while (event != nil || leftButtonIsDown()) {
         const NSPoint now = [NSEvent mouseLocation];
         const bool dragged = std::hypot(now.x - pressed.x, now.y - pressed.y) > dragDistance;
         if (event != nil && ([event type] == NSLeftMouseUp || dragged)) {
