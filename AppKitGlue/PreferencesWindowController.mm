@@ -3,6 +3,8 @@
 #include "NeverDestroyed.h"
 #include "Outlets.h"
 
+#include <cmath>
+
 using namespace appkitglue;
 
 namespace {
@@ -135,8 +137,12 @@ QV_STRONG_OUTLET(AboutSettingsViewController, aboutViewController, setAboutViewC
         return;
     }
     NSWindow *window = [self window];
+    NSView *content = [window contentView];
     const CGFloat height = [controllers[index] contentHeightFor:_naturalHeights[index]];
-    const CGFloat difference = height - NSHeight([[window contentView] frame]);
+    const CGFloat missing = height - NSHeight([content bounds]);
+    // In the window's own units, which are others where the user interface is scaled.
+    const CGFloat difference =
+        std::copysign([content convertSize:NSMakeSize(0, std::abs(missing)) toView:nil].height, missing);
     NSRect frame = [window frame];
     frame.origin.y -= difference;
     frame.size.height += difference;
