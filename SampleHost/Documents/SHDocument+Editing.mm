@@ -99,6 +99,8 @@ std::size_t wordsIn(std::string_view text) {
     std::vector<ShownSlide> slides;
     for (std::size_t i = 0; i < _deck.slides.size(); ++i) {
         slides.push_back([self shownSlide:i]);
+        // The captions tell the numbers; without them a slide that moves keeps its picture.
+        slides.back().style.number = 0;
     }
     std::set<std::size_t> found;
     for (const SearchHit &hit : _hits) {
@@ -178,8 +180,9 @@ std::size_t wordsIn(std::string_view text) {
     }
     _changeName = name;
     _selectionBefore = [self selection];
-    const NSRange range = toNSRange(_text, edit->replaced);
-    NSString *replacement = toNSString(edit->text);
+    const Edit smallest = narrowed(_text, *edit);
+    const NSRange range = toNSRange(_text, smallest.replaced);
+    NSString *replacement = toNSString(smallest.text);
     if ([_editor shouldChangeTextInRange:range replacementString:replacement]) {
         [_editor replaceCharactersInRange:range withString:replacement];
         [_editor didChangeText];

@@ -229,6 +229,33 @@ std::string applied(std::string_view text, const Edit& edit) {
     return result.replace(range.start, range.length, edit.text);
 }
 
+Edit narrowed(std::string_view text, const Edit& edit) {
+    const auto range = clamped(text, edit.replaced);
+    const auto old = text.substr(range.start, range.length);
+    const auto inside = [](std::string_view t, std::size_t at) {
+        return at < t.size() && (static_cast<unsigned char>(t[at]) & 0xC0U) == 0x80U;
+    };
+    const auto least = std::min(old.size(), edit.text.size());
+    std::size_t before = 0;
+    while (before < least && old[before] == edit.text[before]) {
+        ++before;
+    }
+    // Never inside a character.
+    while (before > 0 && (inside(old, before) || inside(edit.text, before))) {
+        --before;
+    }
+    std::size_t after = 0;
+    while (after < least - before && old[old.size() - 1 - after] == edit.text[edit.text.size() - 1 - after]) {
+        ++after;
+    }
+    while (after > 0 && inside(old, old.size() - after)) {
+        --after;
+    }
+    return {.replaced = {range.start + before, old.size() - before - after},
+            .text = edit.text.substr(before, edit.text.size() - before - after),
+            .selection = edit.selection};
+}
+
 std::optional<Edit> editFor(Action action, std::string_view text, TextRange selection) {
     selection = clamped(text, selection);
     const auto heading = [&](std::size_t level) {

@@ -55,6 +55,9 @@ struct Edit {
 /// `text` after `edit`.
 std::string applied(std::string_view text, const Edit& edit);
 
+/// The same edit without what it replaces by itself at either end: as little of a text as possible is touched.
+Edit narrowed(std::string_view text, const Edit& edit);
+
 /// What `action` does to `text` with `selection`; nothing for the actions that open something instead.
 std::optional<Edit> editFor(Action action, std::string_view text, TextRange selection);
 

@@ -15,6 +15,9 @@
     NSFont *_editorFont;
     NSFont *_boldFont;
     std::vector<samplehost::TextRange> _marks;
+    // The text as it was coloured last, with one style for each byte.
+    std::string _colouredText;
+    std::string _colouredStyles;
     bool _colouring;
 }
 
@@ -26,7 +29,7 @@
 - (void)setMarks:(std::vector<samplehost::TextRange>)marks;
 /// Makes the view at least as high as what of it can be seen.
 - (void)fitToClip;
-/// Colours the whole text anew.
+/// Colours what has changed since the last time.
 - (void)colour;
 /// Whether the text's attributes are changing and not the text.
 - (bool)isColouring;

@@ -5,6 +5,7 @@
 
 #include "MarkdownColouring.h"
 
+#include <algorithm>
 #include <utility>
 
 using namespace samplehost;
@@ -32,6 +33,30 @@ Color colorOf(TextKind kind, const EditorTheme &theme) {
         return theme.separator;
     }
     return theme.text;
+}
+
+/// A style is a kind's number from 1, or plain; marked text has a bit more.
+constexpr char plainStyle = 0;
+constexpr char markedStyle = 0x40;
+
+/// The style of each byte.
+std::string stylesOf(const std::string &text, const std::vector<TextRange> &marks) {
+    std::string styles(text.size(), plainStyle);
+    if (text.size() > longestColoured) {
+        return styles;
+    }
+    for (const ColouredRange &part : colouring(text)) {
+        const auto style = static_cast<char>(static_cast<int>(part.kind) + 1);
+        for (auto i = part.range.start; i < std::min(part.range.end(), styles.size()); ++i) {
+            styles[i] = style;
+        }
+    }
+    for (const TextRange &mark : marks) {
+        for (auto i = mark.start; i < std::min(mark.end(), styles.size()); ++i) {
+            styles[i] = static_cast<char>(styles[i] | markedStyle);
+        }
+    }
+    return styles;
 }
 
 } // namespace
@@ -81,6 +106,8 @@ Color colorOf(TextKind kind, const EditorTheme &theme) {
     [self setInsertionPointColor:toNSColor(theme.text)];
     [self setSelectedTextAttributes:@{NSBackgroundColorAttributeName : toNSColor(theme.link, 0.3)}];
     [self setTypingAttributes:[self plainAttributes]];
+    _colouredText.clear();
+    _colouredStyles.clear();
     [self colour];
 }
 
@@ -105,44 +132,74 @@ Color colorOf(TextKind kind, const EditorTheme &theme) {
     return _colouring;
 }
 
+/// Gives the bytes from `start` to `end` the look of their styles.
+- (void)applyStyles:(std::string_view)styles of:(std::string_view)text from:(std::size_t)start to:(std::size_t)end {
+    NSTextStorage *storage = [self textStorage];
+    const Utf16Offsets offsets(text);
+    const auto within = [&](std::size_t from, std::size_t to) {
+        const NSRange range = NSMakeRange(offsets[from], offsets[to] - offsets[from]);
+        return NSIntersectionRange(range, NSMakeRange(0, [storage length]));
+    };
+    const NSRange all = within(start, end);
+    if (all.length == 0) {
+        return;
+    }
+    [storage beginEditing];
+    [storage setAttributes:[self plainAttributes] range:all];
+    for (std::size_t from = start; from < end;) {
+        const char style = styles[from];
+        const auto to = std::min(std::min(styles.find_first_not_of(style, from), styles.size()), end);
+        const NSRange range = within(from, to);
+        if (style != plainStyle && range.length > 0) {
+            [self addStyle:style range:range];
+        }
+        from = to;
+    }
+    [storage endEditing];
+}
+
+- (void)addStyle:(char)style range:(NSRange)range {
+    NSTextStorage *storage = [self textStorage];
+    if ((style & markedStyle) != 0) {
+        [storage addAttribute:NSBackgroundColorAttributeName value:toNSColor(0xE8A317, 0.45) range:range];
+    }
+    const int number = style & ~markedStyle;
+    if (number == plainStyle) {
+        return;
+    }
+    const auto kind = static_cast<TextKind>(number - 1);
+    [storage addAttribute:NSForegroundColorAttributeName value:toNSColor(colorOf(kind, _theme)) range:range];
+    if (kind == TextKind::heading || kind == TextKind::strong) {
+        [storage addAttribute:NSFontAttributeName value:_boldFont range:range];
+    }
+}
+
 - (void)colour {
     if (_editorFont == nil) {
         return;
     }
     _colouring = true;
-    NSTextStorage *storage = [self textStorage];
-    const NSUInteger length = [storage length];
-    const auto text = toUTF8([storage string]);
-    if (length == 0) {
-        [self setTypingAttributes:[self plainAttributes]];
-        _colouring = false;
-        return;
+    auto text = toUTF8([[self textStorage] string]);
+    auto styles = stylesOf(text, _marks);
+    // What stands before and after the change keeps its look: laying a long text out anew takes long.
+    const auto least = std::min(text.size(), _colouredText.size());
+    std::size_t before = 0;
+    while (before < least && text[before] == _colouredText[before] && styles[before] == _colouredStyles[before]) {
+        ++before;
     }
-    [storage beginEditing];
-    [storage setAttributes:[self plainAttributes] range:NSMakeRange(0, length)];
-    if (text.size() <= longestColoured) {
-        const Utf16Offsets offsets(text);
-        const auto within = [&](TextRange range) {
-            const auto start = offsets[range.start];
-            return NSIntersectionRange(NSMakeRange(start, offsets[range.end()] - start), NSMakeRange(0, length));
-        };
-        for (const ColouredRange &part : colouring(text)) {
-            const NSRange range = within(part.range);
-            if (range.length == 0) {
-                continue;
-            }
-            [storage addAttribute:NSForegroundColorAttributeName
-                            value:toNSColor(colorOf(part.kind, _theme))
-                            range:range];
-            if (part.kind == TextKind::heading || part.kind == TextKind::strong) {
-                [storage addAttribute:NSFontAttributeName value:_boldFont range:range];
-            }
-        }
-        for (const TextRange &mark : _marks) {
-            [storage addAttribute:NSBackgroundColorAttributeName value:toNSColor(0xE8A317, 0.45) range:within(mark)];
-        }
+    std::size_t after = 0;
+    while (after < least - before && text[text.size() - 1 - after] == _colouredText[_colouredText.size() - 1 - after] &&
+           styles[styles.size() - 1 - after] == _colouredStyles[_colouredStyles.size() - 1 - after]) {
+        ++after;
     }
-    [storage endEditing];
+    const auto lineStart = before == 0 ? std::string::npos : text.rfind('\n', before - 1);
+    const auto lineEnd = text.find('\n', text.size() - after);
+    [self applyStyles:styles
+                   of:text
+                 from:lineStart == std::string::npos ? 0 : lineStart + 1
+                   to:lineEnd == std::string::npos ? text.size() : lineEnd];
+    _colouredText = std::move(text);
+    _colouredStyles = std::move(styles);
     [self setTypingAttributes:[self plainAttributes]];
     _colouring = false;
 }

@@ -150,3 +150,12 @@ TEST(NotesTest, ReplaceTheCommentsOfOneSlide) {
     const auto emptied = applied(text, writeNotes(text, 0, "").value());
     EXPECT_EQ(parseDeck(emptied).slides[0].notes, "");
 }
+
+TEST(EditsTest, AnEditIsNarrowedToWhatChanges) {
+    const std::string text = "one two three";
+    const auto edit = narrowed(text, {{0, text.size()}, "one 2 three", {5, 0}});
+    EXPECT_EQ(edit, (Edit{{4, 3}, "2", {5, 0}}));
+    EXPECT_EQ(narrowed("aa", {{0, 2}, "aaa", {}}), (Edit{{2, 0}, "a", {}}));
+    EXPECT_EQ(narrowed("ä", {{0, 2}, "ö", {}}), (Edit{{0, 2}, "ö", {}}));
+    EXPECT_EQ(applied(text, narrowed(text, {{4, 4}, "", {}})), "one three");
+}
