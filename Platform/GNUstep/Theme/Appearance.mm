@@ -110,6 +110,7 @@ void flattheme::install() {
     installSegmentHooks();
     installTableHooks();
     installToolbarHooks();
+    installPopUpHooks();
     installScrollerHooks();
     installMenuHooks();
     installWindowHooks();

@@ -39,7 +39,6 @@ CGFloat drawPicture(NSImage *image, NSRect frame, bool flipped) {
 
 - (void)drawBrowserHeaderCell:(NSTableHeaderCell *)cell withFrame:(NSRect)rect inView:(NSView *)view {
     drawPanel(rect, colour(palette().bar), colour(palette().border), 0);
-    [cell drawInteriorWithFrame:[self browserHeaderDrawingRectForCell:cell withFrame:rect] inView:view];
 }
 
 - (void)drawBrowserInteriorWithFrame:(NSRect)frame

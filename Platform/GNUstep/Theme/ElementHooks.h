@@ -8,6 +8,7 @@ void installButtonHooks();
 void installSegmentHooks();
 void installTableHooks();
 void installToolbarHooks();
+void installPopUpHooks();
 void installScrollerHooks();
 void installMenuHooks();
 void installWindowHooks();

@@ -69,6 +69,9 @@ void drawChosenTab(NSRect tab, bool onTop) {
         const NSRect tab = NSMakeRect(x, y, label.width + 2 * tabPadding, tabHeight);
         if (item == selected) {
             drawChosenTab(tab, onTop);
+            if ([[tabView window] firstResponder] == tabView) {
+                drawFocusRing(NSInsetRect(tab, 2, 3), 4);
+            }
         }
         const NSRect inside =
             NSMakeRect(x + tabPadding, y + std::floor((tabHeight - label.height) / 2), label.width, label.height);
