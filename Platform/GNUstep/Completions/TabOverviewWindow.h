@@ -8,6 +8,7 @@
 @interface QVTabOverviewWindow : NSWindow {
     QVTabOverviewView *_overview;
     NSTimer *_timer;
+    double _shownAt;
 }
 /// The overview that is shown, or nil.
 + (QVTabOverviewWindow *)current;

@@ -5,6 +5,8 @@
 namespace {
 
 constexpr double secondsBetweenPictures = 0.5;
+// A window manager may still be giving the keys to the window that was there before.
+constexpr double secondsToSettle = 1.5;
 
 // Not retained: it leaves when it closes.
 QVTabOverviewWindow *currentOverview = nil;
@@ -40,6 +42,7 @@ NSArray *documentWindows() {
                               backing:NSBackingStoreBuffered
                                 defer:NO];
     if (self != nil) {
+        _shownAt = [NSDate timeIntervalSinceReferenceDate];
         [self setLevel:NSPopUpMenuWindowLevel];
         [self setExcludedFromWindowsMenu:YES];
         _overview = [[QVTabOverviewView alloc] initWithFrame:[[self contentView] bounds]];
@@ -92,12 +95,17 @@ NSArray *documentWindows() {
 - (void)resignKeyWindow {
     [super resignKeyWindow];
     if (currentOverview == self) {
-        [self performSelector:@selector(closeIfShown) withObject:nil afterDelay:0];
+        [self performSelector:@selector(keysWereLost) withObject:nil afterDelay:0];
     }
 }
 
-- (void)closeIfShown {
-    if (currentOverview == self) {
+- (void)keysWereLost {
+    if (currentOverview != self || [self isKeyWindow]) {
+        return;
+    }
+    if ([NSDate timeIntervalSinceReferenceDate] - _shownAt < secondsToSettle) {
+        [self makeKeyAndOrderFront:nil];
+    } else {
         [self close];
     }
 }
@@ -107,11 +115,13 @@ NSArray *documentWindows() {
     if ([_overview selectedIndex] < [[_overview windows] count]) {
         chosen = [[[[_overview windows] objectAtIndex:[_overview selectedIndex]] retain] autorelease];
     }
-    [self close];
+    currentOverview = nil;
     if ([chosen isMiniaturized]) {
         [chosen deminiaturize:nil];
     }
+    // Before this window goes: a window manager gives the keys of a window that goes to whom it likes.
     [chosen makeKeyAndOrderFront:nil];
+    [self close];
 }
 
 - (NSArray *)shownWindows {
