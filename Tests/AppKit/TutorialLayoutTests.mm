@@ -47,6 +47,8 @@ TEST_F(TutorialLayout, ConnectsTheButtons) {
     EXPECT_EQ(action([controller nextActionButton]), "doNextWithSender:");
     EXPECT_EQ(action([controller buttonSampleDocument]), "doSampleDocumentWithSender:");
     EXPECT_EQ(action([controller buttonFinish]), "doFinishWithSender:");
+    EXPECT_EQ(toUTF8([[controller nextActionButton] keyEquivalent]), "\r");
+    EXPECT_EQ(toUTF8([[controller exitActionButton] keyEquivalent]), "\x1b");
     NSInteger tag = 0;
     for (NSButton *button in @[
              [controller pagerButton1], [controller pagerButton2], [controller pagerButton3], [controller pagerButton4]

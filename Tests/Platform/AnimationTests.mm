@@ -203,6 +203,33 @@ TEST_F(Animation, EndsWithItsViewAndStillCompletesOnce) {
     EXPECT_EQ(done, 1);
 }
 
+TEST_F(Animation, SurvivesAWindowThatGoesWhenItsAnimationEnds) {
+    int viewDone = 0;
+    int *doneOfView = &viewDone;
+    @autoreleasepool {
+        NSWindow *other = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
+                                                      styleMask:NSTitledWindowMask
+                                                        backing:NSBackingStoreBuffered
+                                                          defer:YES];
+        [other setReleasedWhenClosed:NO];
+        NSView *inside = test::addView([other contentView], NSMakeRect(0, 0, 50, 50), test::red);
+        run(
+            30,
+            ^{
+                [[inside animator] setAlphaValue:0.5];
+            },
+            doneOfView);
+        run(
+            brief,
+            ^{
+                [[other animator] setAlphaValue:0.5];
+            },
+            &done);
+        [other release]; // the animation has the last reference
+    }
+    EXPECT_TRUE(until([&] { return done == 1 && *doneOfView == 1; }));
+}
+
 TEST_F(Animation, FadesAViewOutBeforeHidingIt) {
     run(
         brief,

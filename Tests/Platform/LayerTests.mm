@@ -85,7 +85,9 @@ TEST(ViewLayer, AnimatesInImplicitGroups) {
         return done == 1;
     }));
     EXPECT_TRUE(between);
-    EXPECT_TRUE(NSEqualRects([view frame], NSMakeRect(120, 130, 50, 50)));
+    EXPECT_NEAR([view frame].origin.x, 120, 1e-6);
+    EXPECT_NEAR([view frame].origin.y, 130, 1e-6);
+    EXPECT_NEAR([view frame].size.width, 50, 1e-6);
     EXPECT_EQ([[view layer] affineTransform].tx, 20);
 }
 

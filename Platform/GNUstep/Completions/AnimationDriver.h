@@ -15,6 +15,8 @@ namespace platform::animation {
 /// only while something is animated. Main thread only.
 class AnimationDriver {
 public:
+    class MovingScope;
+
     static AnimationDriver& shared();
 
     /// Moves the change's parts from their present values to the change's, in the time of the current group, which does
@@ -33,8 +35,6 @@ public:
 
     /// Whether the values being set now come from an animation.
     [[nodiscard]] bool isMoving() const { return moving_; }
-    /// Says so for setters that are to act at once. Returns what was said before.
-    bool setMoving(bool moving) { return std::exchange(moving_, moving); }
 
     /// Moves everything to where it is to be now. The clock calls it.
     void tick();
@@ -44,12 +44,27 @@ private:
     using Animations = std::vector<std::unique_ptr<Animation>>;
 
     void move(const Track& track, double now);
-    Animations takeEnded(double now);
+    /// Takes the animations that `condition` names off the list. Their end may release their targets, which may end
+    /// further animations: never inside a walk along the list.
+    Animations take(const std::function<bool(const Animation&)>& condition);
     void startClock();
     void tickAtNextEnd(double now);
 
     Animations animations_;
     bool moving_ = false;
+};
+
+/// Has setters act at once until the end of the scope, also when one of them raises.
+class AnimationDriver::MovingScope {
+public:
+    explicit MovingScope(AnimationDriver& driver) : driver_(driver), before_(std::exchange(driver.moving_, true)) {}
+    MovingScope(const MovingScope&) = delete;
+    MovingScope& operator=(const MovingScope&) = delete;
+    ~MovingScope() { driver_.moving_ = before_; }
+
+private:
+    AnimationDriver& driver_;
+    bool before_;
 };
 
 } // namespace platform::animation

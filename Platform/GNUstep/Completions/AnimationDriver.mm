@@ -109,7 +109,7 @@ void AnimationDriver::start(Change change, std::function<void()> finished) {
     if (![change.track.target isKindOfClass:[NSView class]]) {
         animation->keptTarget = Retained(change.track.target);
     }
-    std::erase_if(animations_, [&](const auto &running) { return running->meets(change); });
+    const Animations overtaken = take([&](const Animation &running) { return running.meets(change); });
     animation->change = std::move(change);
     const bool atOnce = animation->duration <= 0;
     animations_.push_back(std::move(animation));
@@ -125,13 +125,13 @@ bool AnimationDriver::isAnimating(const Track &track, std::size_t first) const {
 }
 
 void AnimationDriver::stop(id target, SEL name) {
-    std::erase_if(animations_, [&](const auto &running) {
-        return running->change.track.target == target && running->change.track.name == name;
+    take([&](const Animation &running) {
+        return running.change.track.target == target && running.change.track.name == name;
     });
 }
 
 void AnimationDriver::forget(id target) {
-    std::erase_if(animations_, [&](const auto &running) { return running->change.track.target == target; });
+    take([&](const Animation &running) { return running.change.track.target == target; });
 }
 
 // Setting a property runs any code: others may start or end animations meanwhile, and targets may die. So the
@@ -153,12 +153,14 @@ void AnimationDriver::tick() {
             kept.emplace_back(track.target);
         }
     }
-    const bool before = std::exchange(moving_, true);
-    for (const Track &track : tracks) {
-        move(track, now);
+    {
+        const MovingScope moving(*this);
+        for (const Track &track : tracks) {
+            move(track, now);
+        }
     }
-    moving_ = before;
-    for (const auto &ended : takeEnded(now)) {
+    const Animations over = take([now](const Animation &running) { return running.overruled || running.isOver(now); });
+    for (const auto &ended : over) {
         if (ended->finished && !ended->overruled) {
             ended->finished();
         }
@@ -195,14 +197,14 @@ void AnimationDriver::move(const Track &track, double now) {
     }
 }
 
-AnimationDriver::Animations AnimationDriver::takeEnded(double now) {
-    Animations ended;
-    Animations running;
+AnimationDriver::Animations AnimationDriver::take(const std::function<bool(const Animation &)> &condition) {
+    Animations taken;
+    Animations others;
     for (auto &animation : animations_) {
-        (animation->overruled || animation->isOver(now) ? ended : running).push_back(std::move(animation));
+        (condition(*animation) ? taken : others).push_back(std::move(animation));
     }
-    animations_ = std::move(running);
-    return ended;
+    animations_ = std::move(others);
+    return taken;
 }
 
 void AnimationDriver::startClock() {

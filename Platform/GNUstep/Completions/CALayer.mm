@@ -77,9 +77,8 @@ void moveView(NSView *view, const CGAffineTransform &before, const CGAffineTrans
     }
     // Nothing can be seen of a view without extent, nor brought back from it.
     if (transform.a > 0 && transform.d > 0) {
-        const bool before = driver.setMoving(true);
+        const animation::AnimationDriver::MovingScope moving(driver);
         moveView(_view, _transform, transform);
-        driver.setMoving(before);
         _transform = transform;
         platform::alpha::setTransformed(_view, transform.a != 1 || transform.d != 1);
     }

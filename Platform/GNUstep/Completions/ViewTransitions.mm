@@ -23,7 +23,8 @@ void dropWithoutEffect(NSView *view) {
     const Transition &transition = found->second;
     if (transition.alpha >= 1 && transition.opacity >= 1 && transition.crossFade.oldPicture.isEmpty() &&
         !transition.transformed) {
-        table().erase(found);
+        // The old picture has a window of its own, whose views are looked up here when they go.
+        const auto dropped = table().extract(found);
     }
     redraw(view);
 }
@@ -71,7 +72,7 @@ void endCrossFade(NSView *view) {
 }
 
 void forgetTransition(NSView *view) {
-    table().erase(view);
+    const auto dropped = table().extract(view);
 }
 
 } // namespace platform::alpha
