@@ -80,6 +80,15 @@ TEST_F(GeneralTab, TakesTheSpaceKey) {
                 ElementsAre(changed("generalSamplePresentation", [](auto &s) { s.generalSamplePresentation = true; })));
 }
 
+TEST_F(GeneralTab, ChoosesAThemeWithTheKeyboard) {
+    open();
+    ASSERT_TRUE(test::giveKeyboard(window()));
+    [window() makeFirstResponder:[general() theme]];
+    test::pressKeys({"space", "Down", "Return"});
+    EXPECT_TRUE(test::runUntil([&] { return !host.get()->changes.empty(); }));
+    EXPECT_THAT(host.get()->changes, ElementsAre(changed("generalTheme", [](auto &s) { s.generalTheme = "Ink"; })));
+}
+
 TEST_F(GeneralTab, WritesTheMixedStateAsFalse) {
     auto settings = GeneralTab::settings();
     settings.generalSamplePresentation = true;
