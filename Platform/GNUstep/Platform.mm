@@ -10,9 +10,10 @@
 
 namespace platform {
 
+// NOLINTBEGIN(bugprone-macro-parentheses): they would make a declaration of the call.
 // Declares and calls what the list of installers names. A completion that this GNUstep does not need is left out of the
 // build.
-#define QV_INSTALL(function) [[gnu::weak]] void function(); // NOLINT(bugprone-macro-parentheses)
+#define QV_INSTALL(function) [[gnu::weak]] void function();
 #include "Installers.h"
 #undef QV_INSTALL
 
@@ -28,6 +29,8 @@ void prepareAppKit() {
 #include "Installers.h"
 #undef QV_INSTALL
 }
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 std::optional<std::string> hardwareModel() {
     // The firmware's product name; a device tree's model where there is no such firmware.
