@@ -103,16 +103,17 @@ void chooseDefaultScreens(const std::vector<std::string> &screens) {
     if (content == nil) {
         return missingWindow;
     }
-    NSScreen *slideshow = provider().slideshowScreen();
+    // Retained: the platform replaces its screens when the displays change, which may happen while a window is shown.
+    const auto slideshow = retainPtr(provider().slideshowScreen());
     if (slidesWindow == nil) {
         return [self beginOnOneScreenWithWindow:window.get()];
     }
-    NSScreen *presenter = provider().presenterScreen();
-    if (NSString *text = problem(presenter, slideshow)) {
+    const auto presenter = retainPtr(provider().presenterScreen());
+    if (NSString *text = problem(presenter.get(), slideshow.get())) {
         return text;
     }
-    [content enterFullScreenMode:presenter withOptions:fullScreenOptions()];
-    [[slidesWindow contentView] enterFullScreenMode:slideshow withOptions:fullScreenOptions()];
+    [content enterFullScreenMode:presenter.get() withOptions:fullScreenOptions()];
+    [[slidesWindow contentView] enterFullScreenMode:slideshow.get() withOptions:fullScreenOptions()];
     activateLater(window.get(), content);
     self.state->currentExternalSlidesWindow = slidesWindow;
     return nil;

@@ -1,12 +1,17 @@
 // Work for the main thread. GNUstep 1.28 has no dispatch queue, and its main operation queue runs on a worker thread.
 #import "Platform.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <ctime>
 #include <deque>
-#include <memory>
+#include <map>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
+#include <sys/timerfd.h>
 #include <unistd.h>
 
 namespace {
@@ -14,7 +19,15 @@ namespace {
 struct MainQueue {
     std::mutex mutex;
     std::deque<std::function<void()>> work;
+    // By the time when it is due, in nanoseconds of the monotonic clock; what is due together stays in order.
+    std::multimap<std::int64_t, std::function<void()>> delayed;
 };
+
+std::int64_t monotonicNow() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
+}
 
 MainQueue &mainQueue() {
     [[clang::no_destroy]] static MainQueue queue; // other threads may still use it while the process ends
@@ -77,23 +90,12 @@ NSArray *allModes() {
 
 @end
 
-@interface QVMainQueueWorker : NSObject {
-    std::function<void()> _work;
-}
-- (instancetype)initWithWork:(std::function<void()>)work;
+@interface QVMainQueueWorker : NSObject
 + (void)runNextWork;
 + (void)askForTurn;
-- (void)timerFired:(NSTimer *)timer;
 @end
 
 @implementation QVMainQueueWorker
-
-- (instancetype)initWithWork:(std::function<void()>)work {
-    if ((self = [super init]) != nil) {
-        _work = std::move(work);
-    }
-    return self;
-}
 
 // Runs one piece of work; each call of async asks for one such turn. While more is waiting, another turn is asked for
 // before the work runs: should it start a loop of its own (a modal panel), or raise an exception, the rest is run all
@@ -125,10 +127,66 @@ NSArray *allModes() {
     [self performSelectorOnMainThread:@selector(runNextWork) withObject:nil waitUntilDone:NO modes:allModes()];
 }
 
-- (void)timerFired:(NSTimer *)timer {
-    const auto work = std::exchange(_work, nullptr);
-    work();
-    [[QVRunLoopWaker sharedWaker] wake];
+@end
+
+// Counts delays with one timer of the system that the run loop watches: a fired NSTimer would stay behind in every mode
+// that does not run.
+@interface QVDelays : NSObject <RunLoopEvents> {
+    int _timer;
+}
++ (QVDelays *)sharedDelays; // first asked for on the main thread
+- (void)arm;
+@end
+
+@implementation QVDelays
+
++ (QVDelays *)sharedDelays {
+    static QVDelays *delays = [[QVDelays alloc] init];
+    return delays;
+}
+
+- (instancetype)init {
+    if ((self = [super init]) != nil) {
+        _timer = timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC);
+        for (NSString *mode in allModes()) {
+            [[NSRunLoop currentRunLoop] addEvent:reinterpret_cast<void *>(static_cast<intptr_t>(_timer))
+                                            type:ET_RDESC
+                                         watcher:self
+                                         forMode:mode];
+        }
+    }
+    return self;
+}
+
+- (void)arm {
+    const std::lock_guard guard(mainQueue().mutex);
+    const auto &delayed = mainQueue().delayed;
+    itimerspec setting{};
+    if (!delayed.empty()) {
+        constexpr std::int64_t second = 1'000'000'000;
+        const std::int64_t due = std::max<std::int64_t>(delayed.begin()->first, 1); // zero would mean never
+        setting.it_value = {.tv_sec = due / second, .tv_nsec = due % second};
+    }
+    timerfd_settime(_timer, TFD_TIMER_ABSTIME, &setting, nullptr);
+}
+
+- (void)receivedEvent:(void *)data type:(RunLoopEventType)type extra:(void *)extra forMode:(NSString *)mode {
+    std::uint64_t expirations = 0;
+    [[maybe_unused]] const ssize_t size = read(_timer, &expirations, sizeof expirations);
+    std::vector<std::function<void()>> due;
+    {
+        const std::lock_guard guard(mainQueue().mutex);
+        auto &delayed = mainQueue().delayed;
+        const auto end = delayed.upper_bound(monotonicNow());
+        for (auto entry = delayed.begin(); entry != end; ++entry) {
+            due.push_back(std::move(entry->second));
+        }
+        delayed.erase(delayed.begin(), end);
+    }
+    for (auto &work : due) {
+        platform::async(std::move(work));
+    }
+    [self arm];
 }
 
 @end
@@ -146,27 +204,16 @@ void async(std::function<void()> work) {
 }
 
 void asyncAfter(double seconds, std::function<void()> work) {
-    const double time = [NSDate timeIntervalSinceReferenceDate] + seconds;
-    auto schedule = [time, work = std::move(work)]() mutable {
-        QVMainQueueWorker *worker = [[QVMainQueueWorker alloc] initWithWork:std::move(work)];
-        NSDate *date = [[NSDate alloc] initWithTimeIntervalSinceReferenceDate:time];
-        NSTimer *timer = [[NSTimer alloc] initWithFireDate:date
-                                                  interval:0
-                                                    target:worker
-                                                  selector:@selector(timerFired:)
-                                                  userInfo:nil
-                                                   repeats:NO];
-        for (NSString *mode in allModes()) {
-            [[NSRunLoop currentRunLoop] addTimer:timer forMode:mode];
-        }
-        [timer release];
-        [worker release];
-        [date release];
-    };
+    constexpr double longest = 1e9; // seconds: beyond any process's life, within the clock's range
+    const auto pause = static_cast<std::int64_t>(std::clamp(seconds, 0.0, longest) * 1e9);
+    {
+        const std::lock_guard guard(mainQueue().mutex);
+        mainQueue().delayed.emplace(monotonicNow() + pause, std::move(work));
+    }
     if ([NSThread isMainThread]) {
-        schedule();
+        [[QVDelays sharedDelays] arm];
     } else {
-        async(std::move(schedule));
+        async([] { [[QVDelays sharedDelays] arm]; });
     }
 }
 
