@@ -136,6 +136,7 @@ void QVAppKitControllerState::sendPopover(ToolbarAction action, NSRect rect) con
 @implementation QVAppKitController (Toolbar)
 
 - (void)setupToolbarInWindow:(NSWindow *)window {
+    platform::prepareAppKit(); // the controller may be older than the application object
     [self state]->window = window;
     if ([self state]->shouldCloseOnLoad) {
         [window close];

@@ -17,7 +17,8 @@
 namespace platform {
 
 /// Installs what must be hooked into AppKit before its first use by the bundle (nothing on macOS). Idempotent and
-/// quick; main thread only. Loading the bundle does not call it: the first use of the bundle does.
+/// quick; main thread only. Loading the bundle does not call it: each first use of the bundle does. Does nothing before
+/// there is an application object.
 void prepareAppKit();
 
 /// Runs `work` on the main thread, on a later turn of its run loop, also while a menu is tracked or a modal panel is

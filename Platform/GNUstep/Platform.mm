@@ -19,7 +19,9 @@ namespace platform {
 
 void prepareAppKit() {
     static bool prepared = false;
-    if (std::exchange(prepared, true)) {
+    // Some of AppKit's classes want the window server as soon as they are looked at. Without an application object
+    // there is none, and a later call does the work.
+    if (NSApp == nil || std::exchange(prepared, true)) {
         return;
     }
 #define QV_INSTALL(function)                                                                                           \
