@@ -6,6 +6,7 @@
 #include "StringBridging.h"
 
 #include <gmock/gmock.h>
+#include <objc/runtime.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -20,6 +21,27 @@ struct Link {
     std::string text;
     std::string address;
     NSUInteger location;
+};
+
+// Stands for the info dictionary of the program while it exists.
+class InfoDictionary {
+public:
+    explicit InfoDictionary(NSDictionary *dictionary) {
+        current_ = dictionary;
+        original_ = method_setImplementation(method(), reinterpret_cast<IMP>(&InfoDictionary::read));
+    }
+    InfoDictionary(const InfoDictionary &) = delete;
+    InfoDictionary &operator=(const InfoDictionary &) = delete;
+    ~InfoDictionary() { method_setImplementation(method(), original_); }
+
+private:
+    static Method method() { return class_getInstanceMethod([NSBundle class], @selector(infoDictionary)); }
+    static id read(id self, SEL command) {
+        return self == [NSBundle mainBundle] ? current_ : reinterpret_cast<id (*)(id, SEL)>(original_)(self, command);
+    }
+
+    static inline NSDictionary *current_ = nil;
+    static inline IMP original_ = nullptr;
 };
 
 class AboutTab : public test::PreferencesWindowFixture {
@@ -59,6 +81,18 @@ TEST_F(AboutTab, ShowsUnknownForAHostWithoutAVersion) {
         EXPECT_TRUE([[NSFontManager sharedFontManager] traitsOfFont:font] & NSBoldFontMask) << toUTF8(label);
     }
     EXPECT_EQ([about() aboutPageHTML], AboutSections::aboutPageHTML("Unknown", "Unknown"));
+}
+
+TEST_F(AboutTab, ShowsTheHostsVersionAndBuild) {
+    const InfoDictionary info(@{@"CFBundleShortVersionString" : @"2.1", @"CFBundleVersion" : @"345"});
+    openTab();
+    EXPECT_THAT(content(), HasSubstr("Version: 2.1, Build: 345"));
+}
+
+TEST_F(AboutTab, ShowsUnknownForAVersionThatIsNoText) {
+    const InfoDictionary info(@{@"CFBundleShortVersionString" : @(2.1), @"CFBundleVersion" : @"345"});
+    openTab();
+    EXPECT_THAT(content(), HasSubstr("Version: Unknown, Build: 345"));
 }
 
 TEST_F(AboutTab, JoinsTheTwoSentencesWithoutABlank) {

@@ -48,7 +48,7 @@ protected:
 
 TEST_F(PreferencesFault, IsAMissingOutlet) {
     bind(settings());
-    for (const char *outlet : {"tabView", "editorViewController", "theme", "heightConstraint"}) {
+    for (const char *outlet : {"tabView", "theme", "heightConstraint"}) {
         const std::string path = fileWithout(outlet);
         EXPECT_EXIT(show(path, true), KilledBySignal(SIGABRT),
                     HasSubstr(std::string("Fatal error: The outlet ") + outlet + " is not connected"));
