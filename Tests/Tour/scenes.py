@@ -129,7 +129,7 @@ def preferences(look, directory, font_scale):
         host.park_pointer()
         host.keep("preferences-editor")
         if font_scale == 1:
-            host.click(next(v for v in host.views("Preferences") if v.kind == "NSButton" and "ont" in v.text).text,
+            host.click(next(v for v in host.views("Preferences") if v.kind == "NSButton" and v.text == "Choose…").text,
                        kind="Button", window="Preferences")
             host.window("Font Panel")
             host.park_pointer()
