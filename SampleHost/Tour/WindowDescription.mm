@@ -66,6 +66,7 @@ json::object describeView(NSView *view, int depth) {
         {"class", [NSStringFromClass([view class]) UTF8String]},
         {"frame", frameOnScreen(view, [view bounds])},
         {"visible", frameOnScreen(view, [view visibleRect])},
+        {"size", json::array{NSWidth([view bounds]), NSHeight([view bounds])}},
         {"depth", depth},
     };
     if (NSString *text = shownText(view);[text length] > 0) {

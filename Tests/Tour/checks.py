@@ -68,12 +68,12 @@ def clipped(windows, exempt=()):
                 shown = intersection(frame, inside)
                 if frame[2] * frame[3] > 0 and shown[2] * shown[3] < 0.98 * frame[2] * frame[3]:
                     findings.append(f"outside: {name} has {frame}, its window {inside}")
-            needs = view.get("needs")
-            if text and needs and (needs[0] > frame[2] + 3 or needs[1] > frame[3] + 3):
-                multiline = "TextField" in view["class"] and frame[3] > 1.6 * needs[1]
+            needs, size = view.get("needs"), view.get("size", frame[2:])
+            if text and needs and (needs[0] > size[0] + 3 or needs[1] > size[1] + 3):
+                multiline = "TextField" in view["class"] and size[1] > 1.6 * needs[1]
                 editable = "SearchField" in view["class"]
                 if not multiline and not editable:
-                    findings.append(f"clipped: {name} needs {needs}, has {frame[2:]}")
+                    findings.append(f"clipped: {name} needs {needs}, has {size}")
     return findings
 
 
