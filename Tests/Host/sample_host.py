@@ -247,7 +247,19 @@ class Host:
         self.menu(*titles)
 
     def key(self, name, *modifiers):
+        """Presses a key once the keys go to one of our windows: a window that has just opened or closed may not have them yet."""
+        self.wait_for_focus()
         self.screen.key(name, *modifiers)
+
+    def wait_for_focus(self):
+        seen = []
+
+        def settled():
+            focus = self.screen.display.get_input_focus().focus
+            key = [w["title"] for w in self.describe() if w["key"]]
+            seen.append((getattr(focus, "id", focus), tuple(key)))
+            return bool(key) and isinstance(getattr(focus, "id", None), int) and len(seen) >= 3 and seen[-1] == seen[-2] == seen[-3]
+        wait_for(settled, lambda: f"the keys to go to one of our windows: {seen[-3:]}", interval=0.04)
 
     def log(self):
         if not os.path.exists(self.log_path):

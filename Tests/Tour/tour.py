@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Walks every feature of the sample host once, in light and in dark, and keeps one picture of each scene.
 
-Usage: tour.py DIRECTORY [--look light|dark] [--scene NAME]... [--font-scale 1.5] [--accepted DIRECTORY] [--accept]
+Usage: tour.py DIRECTORY [--look light|dark] [--scene NAME]... [--font-scale 1.5] [--accepted DIRECTORY [--accept]]
 
 The exit code is 1 when a scene failed or a check found something; DIRECTORY/index.html tells what.
 """
@@ -80,6 +80,24 @@ def compare(result, picture, windows, accepted_path, directory, stem):
         result["findings"].append(f"changed: {result['changed']:.1%} of the picture differs from the accepted one")
 
 
+def accept(directory, accepted):
+    """Makes the pictures of the directory the accepted ones."""
+    os.makedirs(accepted, exist_ok=True)
+    for file in os.listdir(accepted):
+        if file.endswith(".jpg"):
+            os.remove(os.path.join(accepted, file))
+    for file in sorted(os.listdir(directory)):
+        if not file.endswith(".json"):
+            continue
+        with open(os.path.join(directory, file), encoding="utf-8") as source:
+            scene = json.load(source)
+        if "compare" in scene["checks"]:
+            stem = file[:-len(".json")]
+            picture = Image.open(os.path.join(directory, stem + ".png")).convert("RGB")
+            checks.reduced(picture, scene["windows"]).save(os.path.join(accepted, stem + ".jpg"), quality=80)
+    return 0
+
+
 def scene_order():
     import scenes
     return scenes.names()
@@ -109,10 +127,13 @@ def main():
     parser.add_argument("--scene", action="append", default=[])
     parser.add_argument("--font-scale", type=float, default=1)
     parser.add_argument("--accepted")
+    parser.add_argument("--accept", action="store_true", help="only make DIRECTORY's pictures the accepted ones")
     parser.add_argument("--inside", action="store_true", help=argparse.SUPPRESS)
     options = parser.parse_args()
     os.makedirs(options.directory, exist_ok=True)
     directory = os.path.abspath(options.directory)
+    if options.accept:
+        return accept(directory, options.accepted)
     if options.inside:
         return walk(directory, options.look, options.scene, options.font_scale)
 
