@@ -64,6 +64,7 @@ protected:
         recorder = [[PopoverRecorder alloc] init];
         popover = make();
         [popover setDelegate:recorder];
+        ASSERT_TRUE(test::giveKeyboard(window));
         test::runUntilQuiet(window);
     }
 
@@ -95,8 +96,7 @@ protected:
     // Below: a button is flipped, so the edge with the highest y is its lower one.
     void show() {
         [popover showRelativeToRect:[anchor bounds] ofView:anchor preferredEdge:NSMaxYEdge];
-        ASSERT_TRUE(test::runUntil([&] { return static_cast<bool>([windowOf(popover) isKeyWindow]); }));
-        test::runUntilQuiet(windowOf(popover));
+        ASSERT_TRUE(test::giveKeyboard(windowOf(popover)));
     }
 
     std::string events() const { return [[recorder->events componentsJoinedByString:@" "] UTF8String]; }
