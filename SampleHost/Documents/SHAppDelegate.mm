@@ -221,10 +221,9 @@ flattheme::Look lookNamed(const std::string &appearance) {
     auto text = textOfFile(path);
     if (!text) {
         // Later: while documents open, an alert gets neither the front nor the keys.
-        const std::string reason = text.error();
         const std::string file = toUTF8(path);
         _log.write(eventlog::note("refused", file));
-        platform::asyncAfter(0.6, [reason, file] { showAlert(toNSString(reason), toNSString(file)); });
+        platform::asyncAfter(0.6, [reason = text.error(), file] { showAlert(toNSString(reason), toNSString(file)); });
         return nil;
     }
     return [self addDocumentWithText:std::move(*text) path:path title:nil];

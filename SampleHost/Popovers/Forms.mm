@@ -2,6 +2,7 @@
 #import "SHPopoverForm.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace samplehost;
 
@@ -91,7 +92,8 @@ std::optional<std::string> typedIn(NSTextField *field) {
     const double top = NSHeight([grid frame]);
     for (std::size_t i = 0; i < themes.size(); ++i) {
         const double x = static_cast<double>(i % columns) * (width + gap);
-        const double y = top - static_cast<double>(i / columns + 1) * (height + gap) + gap;
+        const std::size_t row = i / columns;
+        const double y = top - static_cast<double>(row + 1) * (height + gap) + gap;
         [grid addSubview:[self buttonFor:themes[i] frame:NSMakeRect(x, y, width, height) on:themes[i].name == current]];
     }
     NSButton *button = [[self addButtons:@[ @"Follow Preferences" ]] objectAtIndex:0];
@@ -290,29 +292,21 @@ std::optional<std::string> typedIn(NSTextField *field) {
 namespace samplehost {
 
 SHPopoverForm *formFor(Action action, SHDocument *document, SHAppDelegate *application) {
-    Class form = Nil;
-    double width = 320;
-    switch (action) {
-    case Action::media:
-        form = [SHMediaForm class];
-        break;
-    case Action::inspector:
-        form = [SHInspectorForm class];
-        break;
-    case Action::document:
-        form = [SHDocumentForm class];
-        break;
-    case Action::play:
-        form = [SHPlayForm class];
-        break;
-    case Action::themes:
-        form = [SHThemesForm class];
-        width = 360;
-        break;
-    default:
+    struct Form {
+        Action action;
+        Class formClass;
+        double width;
+    };
+    const std::array forms{
+        Form{Action::media, [SHMediaForm class], 320},       Form{Action::inspector, [SHInspectorForm class], 320},
+        Form{Action::document, [SHDocumentForm class], 320}, Form{Action::play, [SHPlayForm class], 320},
+        Form{Action::themes, [SHThemesForm class], 360},
+    };
+    const auto *form = std::ranges::find(forms, action, &Form::action);
+    if (form == forms.end()) {
         return nil;
     }
-    return [[[form alloc] initWithWidth:width document:document application:application] autorelease];
+    return [[[form->formClass alloc] initWithWidth:form->width document:document application:application] autorelease];
 }
 
 } // namespace samplehost

@@ -105,10 +105,10 @@ std::string pictureKey(const ShownSlide &shown, double width) {
 /// The picture's frame with its caption below.
 - (NSRect)frameOfPlace:(std::size_t)place {
     const double height = [self pictureHeight] + captionHeight;
-    const auto row = static_cast<double>(place / [self columns]);
-    const auto column = static_cast<double>(place % [self columns]);
-    return NSMakeRect(gap + column * ([self pictureWidth] + gap), gap + row * (height + gap), [self pictureWidth],
-                      height);
+    const std::size_t row = place / [self columns];
+    const std::size_t column = place % [self columns];
+    return NSMakeRect(gap + static_cast<double>(column) * ([self pictureWidth] + gap),
+                      gap + static_cast<double>(row) * (height + gap), [self pictureWidth], height);
 }
 
 - (void)fit {
