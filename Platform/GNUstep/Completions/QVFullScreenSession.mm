@@ -99,6 +99,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
 - (bool)coversTarget;
 - (void)moveToTarget;
 - (void)settle;
+- (void)settleOnce;
 - (void)aim;
 - (void)follow;
 - (NSScreen *)currentScreen;
@@ -331,18 +332,26 @@ bool isWithin(NSResponder *responder, NSView *view) {
     constexpr NSUInteger lastRound = 60;
     [self retain];
     platform::asyncAfter(pause, [self, round = _round] {
-        if (runs(self) && round == _round && ++_round < lastRound) {
-            [self aim];
-            const bool covers = [self coversTarget];
-            if (!covers && _round % 4 == 0) {
-                [self moveToTarget];
-            }
-            if (!covers || _round < 4) {
-                [self settle];
-            }
+        // Another round number: settling has begun anew meanwhile.
+        if (runs(self) && round == _round && round < lastRound) {
+            [self settleOnce];
         }
         [self release];
     });
+}
+
+- (void)settleOnce {
+    constexpr NSUInteger roundsInOrder = 4; // the manager may still be about to move the window
+    constexpr NSUInteger roundsPerMove = 4;
+    ++_round;
+    [self aim];
+    const bool covers = [self coversTarget];
+    if (!covers && _round % roundsPerMove == 0) {
+        [self moveToTarget];
+    }
+    if (!covers || _round < roundsInOrder) {
+        [self settle];
+    }
 }
 
 - (void)aim {
