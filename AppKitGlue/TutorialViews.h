@@ -7,7 +7,7 @@
 @interface TutorialHeadlinesView : NSView
 @end
 
-/// A bar in the accent colour.
+/// A blue bar.
 @interface TutorialBarView : NSView
 @end
 

@@ -15,7 +15,9 @@ namespace tutorial = appkitglue::tutorial;
 @implementation TutorialBarView
 
 - (void)drawRect:(NSRect)rect {
-    tutorial::drawPanel([self bounds], [self bounds].size.height / 2, [NSColor controlAccentColor], nil);
+    // The blue of the pager's dots, whatever the accent colour is.
+    NSColor *blue = [NSColor colorWithDeviceRed:0x3b / 255.0 green:0x78 / 255.0 blue:0xe7 / 255.0 alpha:1];
+    tutorial::drawPanel([self bounds], [self bounds].size.height / 2, blue, nil);
 }
 
 @end
