@@ -8,6 +8,19 @@
 
 #include <X11/Xlib.h>
 
+// Red above, blue below.
+@interface HalvesView : NSView
+@end
+
+@implementation HalvesView
+- (void)drawRect:(NSRect)rect {
+    [[NSColor redColor] set];
+    NSRectFill([self bounds]);
+    [[NSColor blueColor] set];
+    NSRectFill(NSMakeRect(0, 0, NSWidth([self bounds]), NSHeight([self bounds]) / 2));
+}
+@end
+
 namespace {
 
 int serverHeight(NSWindow *window) {
@@ -29,6 +42,7 @@ TEST(ShownAgainTest, AWindowPlacedWhileHiddenKeepsItsSize) {
                                                           backing:NSBackingStoreBuffered
                                                             defer:NO] autorelease];
         [window setReleasedWhenClosed:NO];
+        [[window contentView] addSubview:[[[HalvesView alloc] initWithFrame:NSMakeRect(0, 0, 400, 300)] autorelease]];
         [window makeKeyAndOrderFront:nil];
         test::runUntilQuiet(window);
         ASSERT_EQ(serverHeight(window), 300);
@@ -41,6 +55,13 @@ TEST(ShownAgainTest, AWindowPlacedWhileHiddenKeepsItsSize) {
         test::runUntilQuiet(window);
         EXPECT_TRUE(test::runUntil([&] { return serverHeight(window) == 300; })) << serverHeight(window);
         EXPECT_EQ(NSHeight([[window contentView] frame]), 300);
+        EXPECT_TRUE(test::runUntil([&] {
+            const auto isStriped = [&](CGFloat y) {
+                return test::pixel(window, NSMakePoint(50, y)) == (y < 150 ? 0x0000ffU : 0xff0000U);
+            };
+            return isStriped(NSMinY([[window contentView] frame]) + 1) &&
+                   isStriped(NSMinY([[window contentView] frame]) + 298);
+        })) << "drawn where it belongs, from edge to edge";
         [window close];
     }
 }

@@ -35,7 +35,10 @@ void repair(NSWindow *window) {
     [server styleoffsets:&left:&right:&top:&bottom:static_cast<unsigned>([window styleMask])];
     const bool tooLarge = top + bottom > 0 && serverHeight(window) == NSHeight([window frame]);
     if (tooLarge) {
-        [server placewindow:[window frame]:static_cast<int>([window windowNumber])];
+        // Another size and back: only a change makes the buffer that is drawn into fit again.
+        const NSRect frame = [window frame];
+        [window setFrame:NSInsetRect(frame, 0, 1) display:NO];
+        [window setFrame:frame display:YES];
     }
 }
 
