@@ -13,6 +13,14 @@ namespace {
 
 platform::Hook<void> organizeHook;
 platform::Hook<NSString *> keyEquivalentHook;
+platform::Hook<CGFloat> keyEquivalentWidthHook;
+
+// The longest shortcut keeps its distance from the menu's border.
+CGFloat keyEquivalentWidth(id self, SEL command) {
+    constexpr CGFloat margin = 8;
+    const CGFloat width = keyEquivalentWidthHook.original(self, command);
+    return width > 0 ? width + margin : 0;
+}
 
 struct KeyName {
     unichar character;
@@ -96,6 +104,7 @@ void organizeMenu(id self, SEL command) {
 
 void flattheme::installMenuHooks() {
     organizeHook.install([NSMenu class], sel_registerName("_organizeMenu"), organizeMenu);
+    keyEquivalentWidthHook.install([NSMenuItemCell class], @selector(keyEquivalentWidth), keyEquivalentWidth);
     keyEquivalentHook.install([NSMenuItemCell class], sel_registerName("_keyEquivalentString"), keyEquivalent);
 }
 
