@@ -31,9 +31,17 @@ using namespace flattheme;
     return _colours;
 }
 
+// The frame that AppKit asks for lies inside of a bezel, and around the picture only where a title stands below it.
+static bool ringsWholeButton(NSView *view) {
+    if (![view isKindOfClass:[NSButton class]]) {
+        return false;
+    }
+    const NSCellImagePosition position = [(NSButton *)view imagePosition];
+    return [(NSButton *)view isBordered] || position == NSImageAbove || position == NSImageBelow;
+}
+
 - (void)drawFocusFrame:(NSRect)frame view:(NSView *)view {
-    const bool isBezeledButton = [view isKindOfClass:[NSButton class]] && [(NSButton *)view isBordered];
-    if (isBezeledButton) {
+    if (ringsWholeButton(view)) {
         drawFocusRing([view bounds], 5);
     } else {
         drawFocusRing(frame, 4);
