@@ -160,3 +160,20 @@ TEST(ColourSchemeTest, ReadsWhatDesktopsAnswer) {
     EXPECT_EQ(flattheme::parseColorScheme("'default'"), false);
     EXPECT_EQ(flattheme::parseColorScheme(""), std::nullopt);
 }
+
+TEST_F(FlatThemeTest, PutsAPopUpsPictureBeforeItsTitle) {
+    NSImage *red = [[[NSImage alloc] initWithSize:NSMakeSize(12, 12)] autorelease];
+    [red lockFocus];
+    [[NSColor redColor] set];
+    NSRectFill(NSMakeRect(0, 0, 12, 12));
+    [red unlockFocus];
+    NSPopUpButton *popUp = [gallery control:@"popUp"];
+    [[popUp selectedItem] setImage:red];
+    [popUp setNeedsDisplay:YES];
+    const NSRect frame = [popUp convertRect:[popUp bounds] toView:nil];
+    const auto isRedAt = [&](CGFloat x) {
+        return test::pixel([gallery window], NSMakePoint(x, NSMidY(frame))) == 0xff0000U;
+    };
+    EXPECT_TRUE(test::runUntil([&] { return isRedAt(NSMinX(frame) + 14); }));
+    EXPECT_FALSE(isRedAt(NSMaxX(frame) - 10)) << "the arrows stay where they are";
+}
