@@ -67,6 +67,9 @@ TEST_F(Presentation, OnOneScreenCoversTheWindowsScreenAndHidesTheCursor) {
 }
 
 TEST_F(Presentation, OnOneScreenFallsBackToTheMainScreen) {
+    // The main screen is the key window's.
+    [slides_ makeKeyAndOrderFront:nil];
+    ASSERT_TRUE(test::runUntil([&] { return [slides_ isKeyWindow]; }));
     document_->_hidesScreen = YES;
     EXPECT_EQ(begin(controller_, nil), "no problem");
     EXPECT_TRUE(shows(documentColour, 0));

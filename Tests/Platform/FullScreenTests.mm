@@ -139,6 +139,22 @@ TEST_F(FullScreenView, HasTheKeysEvenWhenItsWindowIsBroughtToTheFront) {
     EXPECT_TRUE(test::runUntil([&] { return test::screenPixel(middle([window_ frame])) == red; }));
 }
 
+TEST_F(FullScreenView, LetsAPanelOfTheApplicationComeBeforeIt) {
+    ASSERT_TRUE(enterOn(0));
+    NSPanel *panel = [[NSPanel alloc] initWithContentRect:NSMakeRect(500, 500, 300, 200)
+                                                styleMask:NSTitledWindowMask
+                                                  backing:NSBackingStoreBuffered
+                                                    defer:NO];
+    [panel setReleasedWhenClosed:NO];
+    [panel setBackgroundColor:[NSColor colorWithCalibratedRed:0 green:1 blue:0 alpha:1]];
+    [panel setLevel:NSModalPanelWindowLevel];
+    [panel makeKeyAndOrderFront:nil];
+    EXPECT_TRUE(test::runUntil([&] { return test::screenPixel(middle([panel frame])) == 0x00ff00; }));
+    [panel close];
+    [panel release];
+    EXPECT_TRUE(test::runUntil([&] { return test::screenPixel(NSMakePoint(650, 600)) == red; }));
+}
+
 TEST_F(FullScreenView, RefusesASecondEntryAndAMissingScreen) {
     EXPECT_FALSE([content_ enterFullScreenMode:nil withOptions:nil]);
     EXPECT_FALSE([content_ isInFullScreenMode]);

@@ -173,7 +173,20 @@ bool isWithin(NSResponder *responder, NSView *view) {
     });
 }
 
-- (void)homeBecameKey:(NSNotification *)notification {
+- (void)windowBecameKey:(NSNotification *)notification {
+    NSWindow *window = [notification object];
+    if (window == _home) {
+        [self takeKeysFromHome];
+    } else if ([window isKindOfClass:[QVFullScreenWindow class]]) {
+        platform::x11::setAbove(xDisplay(), xWindow(_window), true);
+    } else if (NSIntersectsRect([window frame], _target)) {
+        // An alert or another panel of the application: it must not come up behind the view.
+        platform::x11::setAbove(xDisplay(), xWindow(_window), false);
+        platform::x11::activate(xDisplay(), xWindow(window));
+    }
+}
+
+- (void)takeKeysFromHome {
     // What the home window shows is in front of it now: the keys belong there.
     [self retain];
     platform::async([self] {
@@ -263,7 +276,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
                selector:@selector(screensChanged:)
                    name:NSApplicationDidChangeScreenParametersNotification
                  object:nil];
-    [center addObserver:self selector:@selector(homeBecameKey:) name:NSWindowDidBecomeKeyNotification object:_home];
+    [center addObserver:self selector:@selector(windowBecameKey:) name:NSWindowDidBecomeKeyNotification object:nil];
     [center addObserver:self
                selector:@selector(viewFrameDidChange:)
                    name:NSViewFrameDidChangeNotification

@@ -136,6 +136,21 @@ std::string outputName(Display* display, RROutput output, const XRROutputInfo& i
     return name.empty() ? std::string(info.name, static_cast<std::size_t>(info.nameLen)) : name;
 }
 
+void changeState(Display* display, Window window, bool add, const char* first, const char* second) {
+    const IgnoreErrors guard(display);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.format = 32;
+    event.xclient.message_type = XInternAtom(display, "_NET_WM_STATE", False);
+    event.xclient.data.l[0] = add ? 1 : 0;
+    event.xclient.data.l[1] = static_cast<long>(XInternAtom(display, first, False));
+    event.xclient.data.l[2] = second != nullptr ? static_cast<long>(XInternAtom(display, second, False)) : 0;
+    event.xclient.data.l[3] = 1;
+    XSendEvent(display, DefaultRootWindow(display), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+    XFlush(display);
+}
+
 } // namespace
 
 std::vector<Output> activeOutputs(void* opaque) {
@@ -216,18 +231,24 @@ bool managerSupports(void* opaque, const char* name) {
            supported.longs().end();
 }
 
-void setFullScreen(void* opaque, unsigned long window, FullScreenState state, bool above) {
+void setFullScreen(void* display, unsigned long window, FullScreenState state, bool above) {
+    changeState(asDisplay(display), window, state == FullScreenState::On, "_NET_WM_STATE_FULLSCREEN",
+                above ? "_NET_WM_STATE_ABOVE" : nullptr);
+}
+
+void setAbove(void* display, unsigned long window, bool above) {
+    changeState(asDisplay(display), window, above, "_NET_WM_STATE_ABOVE", nullptr);
+}
+
+void activate(void* opaque, unsigned long window) {
     Display* display = asDisplay(opaque);
     const IgnoreErrors guard(display);
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window;
     event.xclient.format = 32;
-    event.xclient.message_type = XInternAtom(display, "_NET_WM_STATE", False);
-    event.xclient.data.l[0] = state == FullScreenState::On ? 1 : 0;
-    event.xclient.data.l[1] = static_cast<long>(XInternAtom(display, "_NET_WM_STATE_FULLSCREEN", False));
-    event.xclient.data.l[2] = above ? static_cast<long>(XInternAtom(display, "_NET_WM_STATE_ABOVE", False)) : 0;
-    event.xclient.data.l[3] = 1;
+    event.xclient.message_type = XInternAtom(display, "_NET_ACTIVE_WINDOW", False);
+    event.xclient.data.l[0] = 2;
     XSendEvent(display, DefaultRootWindow(display), False, SubstructureRedirectMask | SubstructureNotifyMask, &event);
     XFlush(display);
 }

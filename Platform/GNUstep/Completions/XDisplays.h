@@ -64,4 +64,10 @@ bool managerSupports(void* display, const char* name);
 enum class FullScreenState { On, Off };
 void setFullScreen(void* display, unsigned long window, FullScreenState state, bool above);
 
+/// Asks the window manager to keep a window over panels, whoever has the keys, or not to.
+void setAbove(void* display, unsigned long window, bool above);
+
+/// Asks the window manager to bring a window to the front and to give it the keys, as a user would.
+void activate(void* display, unsigned long window);
+
 } // namespace platform::x11
