@@ -28,25 +28,29 @@ def scenario_f10_opens_the_menu_bar_and_arrows_choose():
         wait_for(lambda: not host.shows("Save As…", "NSMenuItem"), "the menu to close")
 
 
+def walk_with_tab(host, title, kinds=("NSPopUpButton", "NSButton")):
+    """Presses Tab until every enabled control of the window has had the keys."""
+    def focused():
+        return next((tuple(v.frame) for v in host.views(title) if v["focused"]), None)
+    wanted = {tuple(v.frame) for v in host.views(title)
+              if v.kind in kinds and v["enabled"] and v["visible"][2] > 0 and v["visible"][3] > 0}
+    assert len(wanted) >= 2, wanted
+    reached = set()
+    for _ in range(2 * len(wanted) + 8):
+        host.key("Tab")
+        place = focused()
+        if place:
+            reached.add(place)
+        if wanted <= reached:
+            break
+    assert wanted <= reached, f"not reached: {wanted - reached} of {wanted}"
+
+
 def scenario_tab_reaches_every_control_of_preferences():
     with open_document("# One\n") as host:
         host.key("comma", "Control_L")
         host.window("Preferences")
-
-        def focused():
-            return next((tuple(v.frame) for v in host.views("Preferences") if v["focused"]), None)
-        wait_for(focused, "a focused control")
-        wanted = {tuple(v.frame) for v in host.views("Preferences")
-                  if v.kind in ("NSPopUpButton", "NSButton") and v["enabled"] and v["visible"][2] > 0 and "GSToolbar" not in v.kind}
-        reached = set()
-        for _ in range(3 * len(wanted) + 6):
-            place = focused()
-            if place:
-                reached.add(place)
-            host.key("Tab")
-            if wanted <= reached:
-                break
-        assert wanted <= reached, f"not reached: {wanted - reached}"
+        walk_with_tab(host, "Preferences")
         host.key("Escape")
         host.key("w", "Control_L")
         host.window_gone("Preferences")
@@ -78,3 +82,27 @@ def scenario_font_size_commands_report_each_step():
         host.wait_log(lambda entry: entry.get("affectedKey") == "editorFontSize"
                       and entry["record"]["editorFontSize"] == size - 2, "two points less")
         assert not [entry for entry in host.log() if logged(entry, "error")]
+
+
+def scenario_tab_reaches_every_button_of_the_introduction():
+    with open_document("# One\n") as host:
+        host.menu_bar("Help", "Introduction")
+        title = wait_for(lambda: next((w["title"] for w in host.describe() if w["title"] != host.title), None), "the introduction")
+        wait_for(lambda: any(v.text == "Next" and v["enabled"] for v in host.views(title)), "its end", patience=40)
+        walk_with_tab(host, title)
+        host.key("Escape")
+        host.window_gone(title)
+
+
+def scenario_tab_reaches_the_buttons_of_the_about_screen():
+    with open_document("# One\n") as host:
+        host.menu_bar("Quorvel", "About Quorvel")
+        close = host.find("Close", kind="Button")
+        for _ in range(80):
+            host.key("Tab")
+            if any(v["focused"] and v.text == "Close" for v in host.views(close.window["title"])):
+                break
+        else:
+            raise AssertionError("Close was not reached")
+        host.key("space")
+        wait_for(lambda: len(host.describe()) == 1, "the About screen to close")
