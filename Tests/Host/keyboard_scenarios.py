@@ -88,6 +88,7 @@ def scenario_tab_reaches_every_button_of_the_introduction():
     with open_document("# One\n") as host:
         host.menu_bar("Help", "Introduction")
         title = wait_for(lambda: next((w["title"] for w in host.describe() if w["title"] != host.title), None), "the introduction")
+        host.find("Markdown editor", window=title)          # a label that the introduction reveals late
         wait_for(lambda: any(v.text == "Next" and v["enabled"] for v in host.views(title)), "its end", patience=40)
         walk_with_tab(host, title)
         host.key("Escape")

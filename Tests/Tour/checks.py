@@ -70,7 +70,7 @@ def clipped(windows, exempt=()):
                     findings.append(f"outside: {name} has {frame}, its window {inside}")
             needs, size = view.get("needs"), view.get("size", frame[2:])
             if text and needs and (needs[0] > size[0] + 3 or needs[1] > size[1] + 3):
-                multiline = "TextField" in view["class"] and size[1] > 1.6 * needs[1]
+                multiline = "Text" in view["class"] and size[1] > 1.6 * needs[1]
                 editable = "SearchField" in view["class"]
                 if not multiline and not editable:
                     findings.append(f"clipped: {name} needs {needs}, has {size}")

@@ -1,6 +1,6 @@
 // GNUstep leaves the views of an interface file with an alpha value of zero, which shows as soon as alpha is drawn, and
-// fills the whole frame of a pop-up button where AppKit leaves three points at both sides. The labels of such a file can
-// be edited, though it does not say so.
+// fills the whole frame of a pop-up button where AppKit leaves three points at both sides. The labels of such a file
+// can be edited, though it does not say so.
 #import "Hooks.h"
 
 #import <AppKit/AppKit.h>
@@ -37,7 +37,8 @@ id newInitTextFieldCellWithCoder(id self, SEL selector, NSCoder *coder) {
 } // namespace
 
 void installViewDecodingHook() {
-    initTextFieldCellWithCoder.install([NSTextFieldCell class], @selector(initWithCoder:), newInitTextFieldCellWithCoder);
+    initTextFieldCellWithCoder.install([NSTextFieldCell class], @selector(initWithCoder:),
+                                       newInitTextFieldCellWithCoder);
     initWithCoder.install([NSView class], @selector(initWithCoder:), newInitWithCoder);
 }
 
