@@ -146,9 +146,13 @@ QV_STRONG_OUTLET(AboutSettingsViewController, aboutViewController, setAboutViewC
     NSRect frame = [window frame];
     frame.origin.y -= difference;
     frame.size.height += difference;
-    if (difference != 0) {
-        [animated ? [window animator] : window setFrame:frame display:[window isVisible]];
+    // Through the animator at once, too: an animation of the tab that was left must not have the last word.
+    [NSAnimationContext beginGrouping];
+    if (!animated) {
+        [[NSAnimationContext currentContext] setDuration:0];
     }
+    [[window animator] setFrame:frame display:[window isVisible]];
+    [NSAnimationContext endGrouping];
 }
 
 - (void)changeFont:(id)sender {

@@ -1,6 +1,7 @@
 // test: displays=2
 #import "PreferencesManager.h"
 #import "PreferencesWindowFixture.h"
+#import "Input.h"
 #import "TestSupport.h"
 
 #include "StringBridging.h"
@@ -87,6 +88,8 @@ TEST_F(SlideshowTab, ExpandsAndCollapsesWithAnimation) {
 TEST_F(SlideshowTab, TurnsPresenterModeOffByItsCaption) {
     openTab(true);
     ASSERT_TRUE(test::runUntil(isExpanded));
+    // A click in a window without the keys only gives it the keys.
+    ASSERT_TRUE(test::giveKeyboard(window()));
     NSTextField *label = [slideshow() presenterModeLabel];
     const NSPoint middle = [label convertPoint:NSMakePoint(NSMidX([label bounds]), NSMidY([label bounds])) toView:nil];
     for (const NSEventType type : {NSLeftMouseDown, NSLeftMouseUp}) {

@@ -116,3 +116,17 @@ def scenario_settings_are_kept_and_the_sample_talk_opens_only_when_wanted():
         assert all(w["title"] != "Sample Talk" for w in host.describe())
         open_preferences(host)
         host.find("Chalk", kind="PopUpButton", window="Preferences")
+
+
+def scenario_a_tab_chosen_while_the_window_still_resizes_gets_its_own_height():
+    with open_document("# One\n") as host:
+        open_preferences(host, "About")
+        about = host.find("About", kind="GSToolbar", window="Preferences")
+        height = host.window("Preferences")["frame"][3]
+        host.click("Slideshow", kind="GSToolbar", window="Preferences")
+        caption = host.find("Show notes and the next slide on another display", window="Preferences")
+        host.screen.click(*caption.middle)
+        host.screen.click(*about.middle)
+        changed(host, "presenterActive")
+        host.find("About", kind="GSToolbar", window="Preferences")
+        wait_for(lambda: host.window("Preferences")["frame"][3] == height, lambda: f"the height of {height}")
