@@ -1,7 +1,7 @@
 // test: displays=2
+#import "Input.h"
 #import "PreferencesManager.h"
 #import "PreferencesWindowFixture.h"
-#import "Input.h"
 #import "TestSupport.h"
 
 #include "StringBridging.h"
