@@ -6,6 +6,7 @@
 #include "PresentationRules.h"
 #include "StringBridging.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -161,6 +162,17 @@ void chooseDefaultScreens(const std::vector<std::string> &screens) {
         @"presenter" : toNSString(names.presenter),
         @"slideshow" : toNSString(names.slideshow)
     };
+}
+
+- (void)choosePresenterScreen:(NSString *)presenterName slideshowScreen:(NSString *)slideshowName {
+    const auto connected = provider().availableScreenNames();
+    const std::string presenter = toUTF8(presenterName);
+    const std::string slideshow = toUTF8(slideshowName);
+    const auto isConnected = [&](const std::string &name) { return std::ranges::count(connected, name) > 0; };
+    if (isConnected(presenter) && isConnected(slideshow)) {
+        provider().currentDisplayConfiguration().names = {.slideshow = slideshow, .presenter = presenter};
+        provider().storeScreenSelection();
+    }
 }
 
 - (NSValue *)slideshowWindowBounds {

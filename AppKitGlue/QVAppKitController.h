@@ -146,6 +146,9 @@ struct QVAppKitControllerState;
 
 /// "screens": display names of the connected displays; "presenter" and "slideshow": the chosen ones, "" when none is.
 - (NSDictionary<NSString *, id> *)multipleWindowConfiguration;
+/// Chooses the two displays by their display names, as multipleWindowConfiguration lists them, uses them from now on
+/// and remembers them for the displays that are connected. Does nothing when a name is none of a connected display.
+- (void)choosePresenterScreen:(NSString *)presenterName slideshowScreen:(NSString *)slideshowName;
 /// The slideshow screen's frame in global screen coordinates (points), or nil when there is no such screen.
 - (nullable NSValue *)slideshowWindowBounds;
 

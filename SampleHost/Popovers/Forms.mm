@@ -269,10 +269,8 @@ std::optional<std::string> typedIn(NSTextField *field) {
         return;
     }
     NSDictionary<NSString *, id> *displays = [[_document controller] multipleWindowConfiguration];
-    const bool swapped = [[NSUserDefaults standardUserDefaults] boolForKey:@"SwapDisplays"];
-    [self addNote:[NSString stringWithFormat:@"Slides: %@\nPresenter view: %@",
-                                             [displays objectForKey:swapped ? @"presenter" : @"slideshow"],
-                                             [displays objectForKey:swapped ? @"slideshow" : @"presenter"]]];
+    [self addNote:[NSString stringWithFormat:@"Slides: %@\nPresenter view: %@", [displays objectForKey:@"slideshow"],
+                                             [displays objectForKey:@"presenter"]]];
     NSButton *swap = [[self addButtons:@[ @"Swap Displays" ]] objectAtIndex:0];
     [self wire:swap
             to:[self] {

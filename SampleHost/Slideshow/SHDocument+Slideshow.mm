@@ -6,12 +6,6 @@
 
 using namespace samplehost;
 
-namespace {
-
-NSString *const swappedKey = @"SwapDisplays";
-
-} // namespace
-
 @implementation SHDocument (Slideshow)
 
 - (void)playFrom:(std::size_t)slide {
@@ -29,9 +23,7 @@ NSString *const swappedKey = @"SwapDisplays";
                                                       from:slide
                                              exitAfterLast:settings.presenterExitLastSlide
                                                      muted:settings.presenterMuteVideos]);
-    if (NSString *error = [_slideshow.get() begin:withPresenter
-                                          swapped:[[NSUserDefaults standardUserDefaults] boolForKey:swappedKey]];
-        error != nil) {
+    if (NSString *error = [_slideshow.get() begin:withPresenter]; error != nil) {
         [_application log].write(eventlog::slideshow("error", slide, toUTF8(error)));
         showAlert(@"The slideshow could not start.", error);
     }
@@ -58,11 +50,14 @@ NSString *const swappedKey = @"SwapDisplays";
 
 - (void)swapDisplays:(id)sender {
     (void)sender;
-    NSUserDefaults *defaults = [NSUserDefaults standardUserDefaults];
-    [defaults setBool:![defaults boolForKey:swappedKey] forKey:swappedKey];
-    [defaults synchronize];
-    if ([_slideshow.get() isRunning]) {
+    const bool running = [_slideshow.get() isRunning];
+    if (running) {
         [_slideshow.get() end];
+    }
+    NSDictionary<NSString *, id> *displays = [_controller.get() multipleWindowConfiguration];
+    [_controller.get() choosePresenterScreen:[displays objectForKey:@"slideshow"]
+                             slideshowScreen:[displays objectForKey:@"presenter"]];
+    if (running) {
         [self playFrom:_current];
     }
 }

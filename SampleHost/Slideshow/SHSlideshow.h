@@ -29,9 +29,8 @@
                    exitAfterLast:(bool)exitAfterLast
                            muted:(bool)muted;
 
-/// Starts it, with a presenter view when `withPresenter`; `swapped` exchanges the two displays. Returns why it could
-/// not start, or nil.
-- (NSString *)begin:(bool)withPresenter swapped:(bool)swapped;
+/// Starts it, with a presenter view when `withPresenter`. Returns why it could not start, or nil.
+- (NSString *)begin:(bool)withPresenter;
 - (void)end;
 - (bool)isRunning;
 - (void)documentDidChange;

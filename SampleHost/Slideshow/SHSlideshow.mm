@@ -98,7 +98,7 @@ std::optional<ShowKey> showKeyOf(unichar key) {
     [_slidesWindow.get() orderFront:nil];
 }
 
-- (NSString *)begin:(bool)withPresenter swapped:(bool)swapped {
+- (NSString *)begin:(bool)withPresenter {
     SHDocumentWindow *window = [_document window];
     _contentBefore = keep<NSView>([window contentView]);
     [self makeSlideView];
@@ -110,8 +110,8 @@ std::optional<ShowKey> showKeyOf(unichar key) {
         [_presenterView.get() setMuted:_muted];
         [_presenterView.get() setKeyHandler:[self](NSEvent *event) { return [self takeKey:event]; }];
         // The document window's content goes to the presenter display, the other window's to the slides' one.
-        content = swapped ? content : _presenterView.get();
-        [self makeSlidesWindowWith:swapped ? static_cast<NSView *>(_presenterView.get()) : _slideView.get()];
+        content = _presenterView.get();
+        [self makeSlidesWindowWith:_slideView.get()];
     }
     [self showSlide];
     [window setContentView:content];

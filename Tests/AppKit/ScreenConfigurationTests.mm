@@ -53,6 +53,23 @@ TEST_F(ScreenConfiguration, LeavesAChosenPairAloneEvenWhenItsDisplaysAreGone) {
     EXPECT_THAT(answered(@"slideshow"), ElementsAre("Gone  1×1"));
 }
 
+TEST_F(ScreenConfiguration, UsesAndRemembersAPairThatTheHostChooses) {
+    [controller_ choosePresenterScreen:@"DUMMY1  1920×1080" slideshowScreen:@"DUMMY0 Main 1440×900"];
+    EXPECT_EQ(names(), (ScreenNames{firstName, secondName}));
+    EXPECT_TRUE([provider().presenterScreen() isEqual:screen(1)]);
+    EXPECT_TRUE([provider().slideshowScreen() isEqual:screen(0)]);
+    ASSERT_FALSE(provider().screenHandler().combinations.empty());
+    EXPECT_EQ(provider().screenHandler().combinations.back().presenter.name, "DUMMY1");
+}
+
+TEST_F(ScreenConfiguration, IgnoresAChosenNameThatNoDisplayHas) {
+    const auto before = names();
+    const auto remembered = provider().screenHandler().combinations.size();
+    [controller_ choosePresenterScreen:@"Gone  1×1" slideshowScreen:@"DUMMY0 Main 1440×900"];
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(provider().screenHandler().combinations.size(), remembered);
+}
+
 TEST_F(ScreenConfiguration, ChoosesNothingOnOneScreen) {
     ASSERT_TRUE(test::arrange(test::usualDisplays(1)));
     EXPECT_THAT(answered(@"screens"), ElementsAre(firstName));

@@ -101,6 +101,25 @@ def scenario_presenter_mode_shows_notes_on_one_display_and_slides_on_the_other()
 
 
 # displays: 2
+def scenario_swapped_displays_are_remembered_and_used():
+    with open_document(DECK) as host:
+        host.menu_bar("Slide", "Swap Displays")
+        host.key("comma", "Control_L")
+        host.window("Preferences")
+        host.click("Slideshow", kind="GSToolbar", window="Preferences")
+        host.find("DUMMY0 Main 1440×900", kind="PopUpButton", window="Preferences")
+        shown = [v.text for v in host.views("Preferences") if "PopUpButton" in v.kind and v["visible"][2] > 0]
+        assert shown == ["DUMMY0 Main 1440×900", "DUMMY1  1920×1080"], shown
+        host.key("w", "Control_L")
+        host.window_gone("Preferences")
+        host.key("F5")
+        begun(host)
+        wait_for(lambda: covers(host, FIRST) and covers(host, SECOND), "both displays covered")
+        presenter = next(v for v in host.views() if "PresenterView" in v.kind)
+        assert presenter.frame[0] >= 1440, presenter
+
+
+# displays: 2
 def scenario_a_display_unplugged_while_presenting_leaves_a_usable_window():
     import subprocess
     with open_document(DECK) as host:
