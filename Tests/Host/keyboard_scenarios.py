@@ -2,7 +2,7 @@
 import os
 
 from sample_host import wait_for
-from steps import logged, open_document, opened, read
+from steps import logged, open_document, open_with_key, read
 
 
 def scenario_new_type_and_save_with_the_keyboard():
@@ -48,7 +48,7 @@ def walk_with_tab(host, title, kinds=("NSPopUpButton", "NSButton")):
 
 def scenario_tab_reaches_every_control_of_preferences():
     with open_document("# One\n") as host:
-        host.key("comma", "Control_L")
+        open_with_key(host, 2, "Preferences", "comma", "Control_L")
         host.window("Preferences")
         walk_with_tab(host, "Preferences")
         host.key("Escape")
@@ -60,13 +60,11 @@ def scenario_unsaved_changes_ask_and_escape_keeps_the_window():
     with open_document("# One\n") as host:
         host.click_into_editor_at_end()
         host.screen.type("x")
-        host.key("w", "Control_L")
-        opened(host, 2, "the question")
+        open_with_key(host, 2, "the question", "w", "Control_L")
         host.key("Escape")
         wait_for(lambda: len(host.describe()) == 1, "the answer")
         assert host.window(host.title)
-        host.key("w", "Control_L")
-        opened(host, 2, "the question again")
+        open_with_key(host, 2, "the question again", "w", "Control_L")
         host.key("Return")
         wait_for(lambda: "x" in read(host.file), "the change in the file")
         assert os.path.exists(host.file)

@@ -1,6 +1,6 @@
 """The Preferences window in the running host: what it sends, and what the host makes of it."""
 from sample_host import Host, wait_for
-from steps import logged, open_document
+from steps import logged, open_document, open_with_key
 
 
 def changed(host, key):
@@ -8,7 +8,7 @@ def changed(host, key):
 
 
 def open_preferences(host, tab=None):
-    host.key("comma", "Control_L")
+    open_with_key(host, 2, "Preferences", "comma", "Control_L")
     host.window("Preferences")
     if tab:
         host.click(tab, kind="GSToolbar", window="Preferences")

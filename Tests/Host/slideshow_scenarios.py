@@ -2,7 +2,7 @@
 import ctypes
 
 from sample_host import Failure, wait_for
-from steps import logged, open_document
+from steps import logged, open_document, open_with_key
 
 DECK = "\n\n---\n\n".join(f"# Slide {number}\n\nText {number}\n\n<!-- Note {number} -->" for number in range(1, 6))
 FIRST, SECOND = (0, 0, 1440, 900), (1440, 0, 1920, 1080)
@@ -104,7 +104,7 @@ def scenario_presenter_mode_shows_notes_on_one_display_and_slides_on_the_other()
 def scenario_swapped_displays_are_remembered_and_used():
     with open_document(DECK) as host:
         host.menu_bar("Slide", "Swap Displays")
-        host.key("comma", "Control_L")
+        open_with_key(host, 2, "Preferences", "comma", "Control_L")
         host.window("Preferences")
         host.click("Slideshow", kind="GSToolbar", window="Preferences")
         host.find("DUMMY0 Main 1440×900", kind="PopUpButton", window="Preferences")

@@ -60,6 +60,18 @@ def opened(host, count, what):
              lambda: f"{what}: {[(w['title'], w['key']) for w in host.describe()]}")
 
 
+def open_with_key(host, count, what, *chord):
+    """Presses a shortcut that opens a window; once more when a busy window manager has moved the keys meanwhile."""
+    for patience in (8, 8, 15):
+        host.key(*chord)
+        try:
+            wait_for(lambda: len(host.describe()) >= count, what, patience=patience)
+            break
+        except AssertionError:
+            continue
+    wait_for(lambda: any(w["key"] and "DocumentWindow" not in w["class"] for w in host.describe()), f"the keys in {what}")
+
+
 def save(host):
     host.key("s", "Control_L")
     host.wait_log(lambda entry: entry["event"] == "saved" or entry.get("what") == "saved", "the document to be saved")

@@ -10,7 +10,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 from PIL import Image  # noqa: E402
 
 from sample_host import Host, wait_for  # noqa: E402
-from steps import opened, press_toolbar  # noqa: E402
+from steps import open_with_key, opened, press_toolbar  # noqa: E402
 
 ALL_CHECKS = ("layout", "contrast", "compare")
 PRIMARY = (0, 0, 1440, 900)
@@ -122,7 +122,7 @@ def document(look, directory, font_scale):
 def preferences(look, directory, font_scale):
     with Stage(look, directory, font_scale) as host:
         host.find(kind="Editor")
-        host.key("comma", "Control_L")
+        open_with_key(host, 2, "Preferences", "comma", "Control_L")
         host.window("Preferences")
         host.park_pointer()
         host.keep("preferences-general")
@@ -170,8 +170,7 @@ def windows(look, directory, font_scale):
             target.write(f"# Talk {index + 1}\n\nOne line.\n\n---\n\n# End\n")
     with Stage(look, directory, font_scale, arguments=("--no-tutorial", paths[0], paths[1])) as host:
         host.window("beta.md")
-        host.key("o", "Control_L")
-        opened(host, 3, "the open panel")
+        open_with_key(host, 3, "the open panel", "o", "Control_L")
         host.park_pointer()
         host.keep("open-panel", judged=("contrast",))       # it lists what lies around
         host.key("Escape")
@@ -189,8 +188,7 @@ def windows(look, directory, font_scale):
         host.key("Escape")
         host.click(kind="Editor", window="beta.md")
         host.screen.type("x")
-        host.key("w", "Control_L")
-        opened(host, 3, "the alert")
+        open_with_key(host, 3, "the alert", "w", "Control_L")
         host.park_pointer()
         host.keep("save-alert", exempt=("Button",))     # the icon is a button without a title
     with Stage(look, directory, font_scale, arguments=("--no-tutorial", paths[2])) as host:
@@ -203,14 +201,13 @@ def windows(look, directory, font_scale):
 def slideshow(look, directory, font_scale):
     with Stage(look, directory, font_scale) as host:
         host.find(kind="Editor")
-        host.key("F5")
-        wait_for(lambda: len(host.describe()) >= 2, "presenter view and slides")
+        open_with_key(host, 2, "presenter view and slides", "F5")
         host.key("Right")
         host.park_pointer()
         host.keep("presenter", area=BOTH, judged=("compare",))
         host.key("Escape")
         wait_for(lambda: len(host.describe()) == 1, "the slideshow to end")
-        host.key("comma", "Control_L")
+        open_with_key(host, 2, "Preferences", "comma", "Control_L")
         host.window("Preferences")
         host.click("Slideshow", kind="GSToolbar", window="Preferences")
         host.screen.click(*host.find(PRESENTER_CAPTION, window="Preferences").middle)
