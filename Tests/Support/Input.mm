@@ -137,9 +137,12 @@ void movePointer(NSWindow *window, NSPoint point) {
 }
 
 void click(NSWindow *window, NSPoint point, unsigned button) {
+    // Held for as long as a finger does: a control that is still getting ready to track the press would miss the
+    // release.
+    constexpr unsigned long held = 100;
     sendMotion(window, point);
     sendButton(button, true);
-    sendButton(button, false);
+    sendButton(button, false, held);
     XFlush(connection());
 }
 
