@@ -36,6 +36,9 @@ template <typename T>
     return value;
 }
 
+/// A temporary would be gone before its value is used.
+template <typename T> void requiredValue(const T&& value, std::string_view unit, std::string_view name) = delete;
+
 } // namespace appkitglue
 
 /// The accessors of an outlet that does not keep its element alive, over an instance variable `_getter` of type

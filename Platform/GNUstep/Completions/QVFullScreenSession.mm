@@ -1,3 +1,4 @@
+// Long because: it tells the whole life of one session, from the view leaving its window to its return.
 // References are counted by hand here: the session outlives its callers and gives itself up.
 #import "QVFullScreenSession.h"
 
@@ -102,6 +103,7 @@ bool isWithin(NSResponder *responder, NSView *view) {
 - (void)settleOnce;
 - (void)aim;
 - (void)follow;
+- (void)giveFirstTheKeys;
 - (NSScreen *)currentScreen;
 @end
 
@@ -168,6 +170,15 @@ bool isWithin(NSResponder *responder, NSView *view) {
     platform::async([self] {
         if (runs(self)) {
             [self follow];
+            [self giveFirstTheKeys];
+        }
+        [self release];
+    });
+    // Once more when the window manager has had its say about the windows of the display that is gone.
+    [self retain];
+    platform::asyncAfter(0.25, [self] {
+        if (runs(self)) {
+            [self giveFirstTheKeys];
         }
         [self release];
     });
@@ -383,6 +394,16 @@ bool isWithin(NSResponder *responder, NSView *view) {
     }
     _round = 0;
     [self settle];
+}
+
+// Of several views on one display the one that went there first is in front.
+- (void)giveFirstTheKeys {
+    const auto &all = sessions();
+    const auto first = std::ranges::find_if(
+        all, [self](QVFullScreenSession *session) { return NSEqualRects(session->_target, _target); });
+    if (first != all.end() && *first != self) {
+        [(*first)->_window makeKeyAndOrderFront:nil];
+    }
 }
 
 @end
