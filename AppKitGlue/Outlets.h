@@ -33,7 +33,7 @@ template <typename T>
     if (!value) {
         fatalError(unit, static_cast<int>(location.line()), std::string("The field ").append(name) + " is not set");
     }
-    return value;
+    return value; // NOLINT(bugprone-return-const-ref-from-parameter): temporaries are refused below
 }
 
 /// A temporary would be gone before its value is used.

@@ -180,8 +180,10 @@ void drawHandles(NSRect rect) {
     constexpr CGFloat width = 128;
     constexpr CGFloat height = 72;
     for (int i = 0; i < 8; ++i) {
-        const CGFloat x = content.origin.x + 30 + i % 4 * (width + 22);
-        const CGFloat y = NSMaxY(content) - 20 - height - i / 4 * (height + 38);
+        const int row = i / 4;
+        const int column = i % 4;
+        const CGFloat x = content.origin.x + 30 + column * (width + 22);
+        const CGFloat y = NSMaxY(content) - 20 - height - row * (height + 38);
         if (i == 5) {
             // Where the slide in hand goes.
             drawPanel(NSMakeRect(x, y, width, height), 4, faint([NSColor controlAccentColor], 0.12),

@@ -124,9 +124,7 @@ private:
     }
 
     void right() {
-        if (levels_.size() > 1 && [highlighted() hasSubmenu]) {
-            openSubmenu();
-        } else if (!isBar_ && [highlighted() hasSubmenu]) {
+        if ((levels_.size() > 1 || !isBar_) && [highlighted() hasSubmenu]) {
             openSubmenu();
         } else if (isBar_) {
             moveAlongBar(1);
