@@ -12,21 +12,35 @@ namespace {
 
 constexpr double margin = 16;
 constexpr double rowGap = 10;
-constexpr double labelWidth = 74;
-constexpr double controlHeight = 26;
+
+// Controls take the user's font size: with a larger one than usual they need more room.
+double scaled(double length) {
+    constexpr double usualSize = 12;
+    constexpr double largestUsualSize = 13;
+    const double size = [NSFont systemFontSize];
+    return size > largestUsualSize ? std::ceil(length * size / usualSize) : length;
+}
+
+double labelWidth() {
+    return scaled(74);
+}
+
+double controlHeight() {
+    return scaled(26);
+}
 
 } // namespace
 
 @implementation SHPopoverForm
 
 - (instancetype)initWithWidth:(double)width document:(SHDocument *)document application:(SHAppDelegate *)application {
-    self = [super initWithFrame:NSMakeRect(0, 0, width, 100)];
+    self = [super initWithFrame:NSMakeRect(0, 0, scaled(width), 100)];
     if (self != nil) {
         _document = document;
         _application = application;
         _y = margin;
         [self build];
-        [self setFrameSize:NSMakeSize(width, _y - rowGap + margin)];
+        [self setFrameSize:NSMakeSize(scaled(width), _y - rowGap + margin)];
     }
     return self;
 }
@@ -89,10 +103,10 @@ constexpr double controlHeight = 26;
 }
 
 - (NSRect)addLabel:(NSString *)text {
-    NSTextField *label = labelWith(text, NSMakeRect(margin, _y + 4, labelWidth, 18), [NSFont systemFontOfSize:12]);
+    NSTextField *label = labelWith(text, NSMakeRect(margin, _y + 4, labelWidth(), 18), [NSFont systemFontOfSize:12]);
     [self addSubview:label];
-    const NSRect rest = NSMakeRect(margin + labelWidth, _y, [self contentWidth] - labelWidth, controlHeight);
-    _y += controlHeight + rowGap;
+    const NSRect rest = NSMakeRect(margin + labelWidth(), _y, [self contentWidth] - labelWidth(), controlHeight());
+    _y += controlHeight() + rowGap;
     return rest;
 }
 
@@ -117,7 +131,7 @@ constexpr double controlHeight = 26;
     [box setButtonType:NSSwitchButton];
     [box setTitle:title];
     [box setState:on ? NSOnState : NSOffState];
-    [self addView:box height:20];
+    [self addView:box height:scaled(20)];
     return box;
 }
 
@@ -128,14 +142,14 @@ constexpr double controlHeight = 26;
     const double width = std::floor(([self contentWidth] - gap * (count - 1)) / count);
     double x = margin;
     for (NSString *title in titles) {
-        NSButton *button = [[[NSButton alloc] initWithFrame:NSMakeRect(x, _y, width, controlHeight + 2)] autorelease];
+        NSButton *button = [[[NSButton alloc] initWithFrame:NSMakeRect(x, _y, width, controlHeight() + 2)] autorelease];
         [button setTitle:title];
         [button setBezelStyle:NSRoundedBezelStyle];
         [self addSubview:button];
         [buttons addObject:button];
         x += width + gap;
     }
-    _y += controlHeight + 2 + rowGap;
+    _y += controlHeight() + 2 + rowGap;
     return buttons;
 }
 

@@ -90,8 +90,6 @@ def document(look, directory, font_scale):
         host.find(kind="Editor")
         host.park_pointer()
         host.keep("document")
-        if font_scale != 1:
-            return
         press_toolbar(host, "Insert")
         host.screen.move(*host.find("Lists", "NSMenuItem").middle)
         host.find("Numbered List", "NSMenuItem")
@@ -129,13 +127,12 @@ def preferences(look, directory, font_scale):
         host.click("Editor", kind="GSToolbar", window="Preferences")
         host.park_pointer()
         host.keep("preferences-editor")
-        if font_scale == 1:
-            host.click(next(v for v in host.views("Preferences") if v.kind == "NSButton" and v.text == "Choose…").text,
-                       kind="Button", window="Preferences")
-            host.window("Font Panel")
-            host.park_pointer()
-            host.keep("font-panel", exempt=("αβ",))
-            host.key("Escape")
+        choose = next(v for v in host.views("Preferences") if v.kind == "NSButton" and v.text == "Choose…")
+        host.click(choose.text, kind="Button", window="Preferences")
+        host.window("Font Panel")
+        host.park_pointer()
+        host.keep("font-panel", exempt=("αβ",))
+        host.key("Escape")
         host.click("Slideshow", kind="GSToolbar", window="Preferences")
         host.park_pointer()
         host.keep("preferences-slideshow")
