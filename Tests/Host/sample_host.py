@@ -251,14 +251,37 @@ class Host:
         self.wait_for_focus()
         self.screen.key(name, *modifiers)
 
+    def click_title_bar(self, window):
+        """What a user does when keys do not go where they should."""
+        x, y, width, _ = window["frame"]
+        self.screen.click(x + width / 3, y - 9)
+
+    def has_focus(self):
+        """Whether the X server sends keys to a window of the host: its windows' numbers share the client's base."""
+        display = self.screen.display
+        focus = getattr(display.get_input_focus().focus, "id", None)
+        if not isinstance(focus, int):
+            return False
+        clients = self.screen.root.get_full_property(display.intern_atom("_NET_CLIENT_LIST"), X.AnyPropertyType)
+        mask = display.display.info.resource_id_mask
+        return any(focus & ~mask == client & ~mask for client in (clients.value if clients else ()))
+
     def wait_for_focus(self):
         seen = []
+        lost_since = time.monotonic()
 
         def settled():
-            focus = self.screen.display.get_input_focus().focus
-            key = [w["title"] for w in self.describe() if w["key"]]
-            seen.append((getattr(focus, "id", focus), tuple(key)))
-            return bool(key) and isinstance(getattr(focus, "id", None), int) and len(seen) >= 3 and seen[-1] == seen[-2] == seen[-3]
+            nonlocal lost_since
+            key = [w for w in self.describe() if w["key"]]
+            focused = self.has_focus()
+            seen.append((focused, tuple(w["title"] for w in key)))
+            if focused:
+                lost_since = time.monotonic()
+            elif key and time.monotonic() - lost_since > 2:
+                # The window manager has given the keys to nobody.
+                self.click_title_bar(key[0])
+                lost_since = time.monotonic()
+            return focused and bool(key) and len(seen) >= 3 and seen[-1] == seen[-2] == seen[-3]
         wait_for(settled, lambda: f"the keys to go to one of our windows: {seen[-3:]}", interval=0.04)
 
     def log(self):

@@ -68,7 +68,9 @@ def open_with_key(host, count, what, *chord):
             wait_for(lambda: len(host.describe()) >= count, what, patience=patience)
             break
         except AssertionError:
-            continue
+            window = next((w for w in host.describe() if w["key"]), None)
+            if window:
+                host.click_title_bar(window)
     wait_for(lambda: any(w["key"] and "DocumentWindow" not in w["class"] for w in host.describe()), f"the keys in {what}")
 
 
