@@ -1,5 +1,3 @@
-// Long because: it holds every edit of a talk, one short function each, over the same few helpers.
-
 #include "Edits.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 import os
 import tempfile
 
-from sample_host import Host, View, wait_for
+from sample_host import Host, wait_for
 
 
 def logged(entry, event, **values):
@@ -77,7 +77,3 @@ def open_with_key(host, count, what, *chord):
 def save(host):
     host.key("s", "Control_L")
     host.wait_log(lambda entry: entry["event"] == "saved" or entry.get("what") == "saved", "the document to be saved")
-
-
-def describe(view: View):
-    return repr(view)

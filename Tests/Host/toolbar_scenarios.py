@@ -1,5 +1,5 @@
 """The toolbar and its menus, as the bundle sends them and as the host acts on them."""
-from sample_host import Host, wait_for
+from sample_host import wait_for
 from steps import logged, open_document, opened, press_toolbar, read, save
 
 
@@ -41,7 +41,7 @@ def scenario_each_popover_button_sends_its_action_and_a_rectangle():
             wait_for(lambda: len(host.describe()) == 1, lambda: f"the popover to close: {[w['title'] for w in host.describe()]}")
 
 
-def scenario_add_slide_and_feedback_free_toolbar():
+def scenario_add_slide_reports_its_code_and_begins_a_slide():
     with open_document("# One\n") as host:
         host.click_into_editor_at_end()
         press_toolbar(host, "Add Slide")

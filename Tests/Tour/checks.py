@@ -1,7 +1,7 @@
 """Looks at a scene: its picture and the description of its windows. Each check returns a list of findings (text)."""
 from collections import Counter
 
-from PIL import Image, ImageChops, ImageDraw, ImageStat
+from PIL import Image, ImageChops, ImageDraw
 
 CONTRAST_WANTED = 4.5    # WCAG 2.1, success criterion 1.4.3, for text of normal size
 
@@ -160,7 +160,3 @@ def changed(new, accepted):
     blocks = difference.resize((max(1, new.width // BLOCK), max(1, new.height // BLOCK)), Image.BOX)
     touched = sum(1 for value in blocks.getdata() if value > BLOCK_DIFFERENCE)
     return touched / (blocks.width * blocks.height)
-
-
-def mean_brightness(picture):
-    return ImageStat.Stat(picture.convert("L")).mean[0]
